@@ -1,0 +1,21 @@
+# The target cxx98-guard: reads every source of the library as C++98, which the device's compiler speaks.
+# The toolkit's own headers are newer than that and are left out of it.
+
+find_program(WIDGET_CLANGXX NAMES clang++ clang++-14)
+
+function(widget_cxx98_guard)
+    if(NOT WIDGET_CLANGXX OR NOT WIDGET_QT EQUAL 5)
+        return()
+    endif()
+    # Q_OBJECT declares its translation functions with nullptr.
+    set(flags -std=c++11 -Wc++98-compat -Werror -fsyntax-only -fPIC -DQT_NO_TRANSLATION)
+    list(APPEND flags -I${PROJECT_SOURCE_DIR} -I${CMAKE_CURRENT_SOURCE_DIR})
+    foreach(directory IN LISTS Qt5Widgets_INCLUDE_DIRS)
+        list(APPEND flags -isystem ${directory})
+    endforeach()
+    set(commands)
+    foreach(source IN LISTS ARGN)
+        list(APPEND commands COMMAND ${WIDGET_CLANGXX} ${flags} ${CMAKE_CURRENT_SOURCE_DIR}/${source})
+    endforeach()
+    add_custom_target(cxx98-guard ${commands} VERBATIM COMMENT "Reading the library as C++98")
+endfunction()

@@ -1,0 +1,17 @@
+#ifndef QTCOMPAT_H
+#define QTCOMPAT_H
+
+// What differs between the versions of the toolkit, and nothing else.
+
+#include <QFontMetrics>
+
+inline int textWidth(const QFontMetrics &metrics, const QString &text)
+{
+#if QT_VERSION >= 0x050b00
+    return metrics.horizontalAdvance(text);
+#else
+    return metrics.width(text);
+#endif
+}
+
+#endif

@@ -1,0 +1,76 @@
+#ifndef WIDGETDETAILS_H
+#define WIDGETDETAILS_H
+
+// What the widgets share among themselves. Not part of the interface.
+
+#include "threadshared.h"
+
+#include <QFont>
+#include <QString>
+
+#include <ctime>
+
+class QThread;
+class QWidget;
+
+/// The key click of the whole library.
+const int ClickSound = 901;
+
+/// The toolkit's default font in \a pointSize, bold or in its own weight. No widget names a font family.
+QFont defaultFont(int pointSize, bool bold);
+
+/// The width in pixels of \a text on one line in \a font.
+int textWidth(const QString &text, const QFont &font);
+
+/// \a text if it is at most \a width pixels wide in \a font, otherwise cut with an ellipsis at the right.
+QString fitText(const QString &text, const QFont &font, int width);
+
+/// fitText() for a text that is asked for again and again: what did not change is not measured and not cut anew.
+class FittedText
+{
+public:
+    FittedText();
+
+    /// The width in pixels of \a text on one line in \a font.
+    int textWidth(const QString &text, const QFont &font);
+
+    /// \a text if it is at most \a width pixels wide in \a font, otherwise cut with an ellipsis at the right.
+    QString fit(const QString &text, const QFont &font, int width);
+
+private:
+    QString m_text;
+    QFont m_font;
+    int m_textWidth;  // of m_text in m_font; -1: not measured yet
+    QString m_cutText;
+    int m_cutWidth;  // what m_cutText was cut to; -1: not cut yet
+};
+
+/// Sets \a sheet on \a widget unless it is in place: the toolkit would parse it and dress the widget once more.
+void applyStyleSheet(QWidget *widget, const QString &sheet);
+void applyStyleSheet(QWidget *widget, const char *sheet);
+
+/// Sets \a font on \a widget unless it is in place.
+void applyFont(QWidget *widget, const QFont &font);
+
+/// Shows \a child together with its parent. Unlike QWidget::show() this does not dress a child before it can be seen.
+void showWithParent(QWidget *child);
+
+/// Marks \a widget as no longer hidden and leaves it to its parent to show it.
+void markShown(QWidget *widget);
+
+/// The local time now, as a copy that no other thread writes to. May be called in any thread.
+struct tm localTime();
+
+/// Has \a thread end by setting \a stop, and returns when it has. It must clear \a stop at its end; a thread that does not
+/// run never does, and the call does not return.
+void stopThread(QThread *thread, ThreadShared<bool> *stop);
+
+/// Log lines for calls that a widget rejects.
+void rejectItem(const char *function, int line);
+void rejectInvalidItem();
+void rejectIndex(const char *sourcePath, const char *function, int index);
+
+/// Whether \a index is outside 0 to \a count - 1; rejects it then.
+bool rejectsIndex(const char *sourcePath, const char *function, int index, int count);
+
+#endif
