@@ -1,0 +1,171 @@
+#include "platform/desktop/desktopwatchdog.h"
+
+#include "platform/logging.h"
+#include "platform/util.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <cstdlib>
+#include <mutex>
+#include <thread>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Lock = std::unique_lock<std::mutex>;
+
+struct Registration
+{
+    std::string name;
+    std::thread::id thread;
+    Clock::time_point lastKick;
+    bool hanging;
+};
+using Registrations = std::vector<Registration>;
+
+struct Watchdog
+{
+    std::mutex mutex;
+    std::condition_variable wake;
+    std::thread watcher;
+    bool ending = false;
+    std::chrono::milliseconds timeout = std::chrono::seconds(5);
+    Registrations registrations;
+};
+
+Watchdog &watchdog()
+{
+    // Never destroyed: other threads may still kick while the process exits.
+    static Watchdog *watchdog = new Watchdog;
+    return *watchdog;
+}
+
+double secondsSinceKick(const Registration &registration)
+{
+    return std::chrono::duration<double>(Clock::now() - registration.lastKick).count();
+}
+
+// Returns when the next thread is due.
+Clock::time_point reportHanging()
+{
+    auto next = Clock::time_point::max();
+    for (Registration &r : watchdog().registrations) {
+        if (r.hanging)
+            continue;
+        const auto due = r.lastKick + watchdog().timeout;
+        if (due > Clock::now()) {
+            next = std::min(next, due);
+            continue;
+        }
+        r.hanging = true;
+        Logging::log(Logging::LogError, "[watchdog] \"%s\" has not answered for %.1f s", r.name.c_str(),
+                     secondsSinceKick(r));
+    }
+    return next;
+}
+
+void watch()
+{
+    Watchdog &w = watchdog();
+    Lock lock(w.mutex);
+    while (!w.ending) {
+        const auto next = reportHanging();
+        if (next == Clock::time_point::max())
+            w.wake.wait(lock);
+        else
+            w.wake.wait_until(lock, next);
+    }
+}
+
+void end()
+{
+    {
+        Lock lock(watchdog().mutex);
+        watchdog().ending = true;
+        watchdog().wake.notify_one();
+    }
+    watchdog().watcher.join();
+}
+
+Registrations::iterator findOwn(const std::string &name)
+{
+    Registrations &all = watchdog().registrations;
+    const auto self = std::this_thread::get_id();
+    return std::find_if(all.begin(), all.end(),
+                        [&](const Registration &r) { return r.name == name && r.thread == self; });
+}
+
+// Returns the kicked registration, or the end.
+Registrations::iterator kick(const std::string &name, const char *caller)
+{
+    Registrations &all = watchdog().registrations;
+    auto found = findOwn(name);
+    if (found == all.end())
+        found = std::find_if(all.begin(), all.end(), [&](const Registration &r) { return r.name == name; });
+    if (found == all.end()) {
+        Logging::log(Logging::LogError, "[watchdog] %s: no thread is registered as \"%s\"", caller, name.c_str());
+        return found;
+    }
+    if (found->hanging) {
+        Logging::log(Logging::LogError, "[watchdog] \"%s\" answers again after %.1f s", name.c_str(),
+                     secondsSinceKick(*found));
+        watchdog().wake.notify_one();
+    }
+    found->hanging = false;
+    found->lastKick = Clock::now();
+    return found;
+}
+
+}
+
+void Util::startWatchThread(const std::string &name)
+{
+    Watchdog &w = watchdog();
+    Lock lock(w.mutex);
+    const auto earlier = findOwn(name);
+    if (earlier != w.registrations.end())
+        w.registrations.erase(earlier);
+    w.registrations.push_back({name, std::this_thread::get_id(), Clock::now(), false});
+    if (!w.watcher.joinable() && !w.ending) {
+        w.watcher = std::thread(watch);
+        std::atexit(end);
+    }
+    w.wake.notify_one();
+}
+
+void Util::kickDog(const std::string &name)
+{
+    Lock lock(watchdog().mutex);
+    kick(name, "kickDog");
+}
+
+void Util::stopWatchThread(const std::string &name)
+{
+    Lock lock(watchdog().mutex);
+    const auto kicked = kick(name, "stopWatchThread");
+    if (kicked != watchdog().registrations.end())
+        watchdog().registrations.erase(kicked);
+}
+
+std::vector<Desktop::WatchedThread> Desktop::watchedThreads()
+{
+    Lock lock(watchdog().mutex);
+    std::vector<WatchedThread> threads;
+    for (const Registration &r : watchdog().registrations)
+        threads.push_back({r.name, secondsSinceKick(r), r.hanging});
+    return threads;
+}
+
+void Desktop::setWatchTimeout(std::chrono::milliseconds timeout)
+{
+    using namespace std::chrono_literals;
+    Lock lock(watchdog().mutex);
+    watchdog().timeout = std::clamp<std::chrono::milliseconds>(timeout, 1ms, 24h);
+    watchdog().wake.notify_one();
+}
+
+std::chrono::milliseconds Desktop::watchTimeout()
+{
+    Lock lock(watchdog().mutex);
+    return watchdog().timeout;
+}

@@ -1,0 +1,985 @@
+#include "platform/desktop/audiooutput.h"
+#include "platform/desktop/desktopclock.h"
+#include "platform/desktop/desktoplog.h"
+#include "platform/desktop/desktopsound.h"
+#include "platform/desktop/desktoptones.h"
+#include "platform/desktop/desktopwatchdog.h"
+#include "platform/logging.h"
+#include "platform/soundmanager.h"
+#include "platform/stringrc.h"
+#include "platform/systemtime.h"
+#include "platform/util.h"
+
+#include <QtTest>
+
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+#include <functional>
+#include <future>
+#include <pthread.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// What standard error gets while it lives.
+class CapturedErrors
+{
+public:
+    CapturedErrors()
+    {
+        if (!m_file.open())
+            qFatal("No room for a temporary file");
+        m_saved = dup(STDERR_FILENO);
+        dup2(m_file.handle(), STDERR_FILENO);
+    }
+
+    ~CapturedErrors()
+    {
+        dup2(m_saved, STDERR_FILENO);
+        close(m_saved);
+    }
+
+    QStringList lines() const
+    {
+        QFile file(m_file.fileName());
+        if (!file.open(QIODevice::ReadOnly))
+            return QStringList("unreadable");
+        QStringList lines = QString::fromLocal8Bit(file.readAll()).split('\n');
+        lines.removeLast();
+        return lines;
+    }
+
+private:
+    QTemporaryFile m_file;
+    int m_saved;
+};
+
+struct ChildResult
+{
+    bool exitedWell;
+    QString output;
+    QString errors;
+    qint64 milliseconds;
+};
+
+/// Runs a job of main() in a process of its own, with \a environment on top of the usual one.
+ChildResult runChild(const QStringList &job, const QMap<QString, QString> &environment = {})
+{
+    QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
+    all.remove("WIDGET_LOG_LEVEL");
+    for (auto it = environment.begin(); it != environment.end(); ++it)
+        all.insert(it.key(), it.value());
+    QProcess child;
+    child.setProcessEnvironment(all);
+    QElapsedTimer timer;
+    timer.start();
+    child.start(QCoreApplication::applicationFilePath(), QStringList("--child") + job);
+    const bool finished = child.waitForFinished(20000);
+    if (!finished)
+        child.kill();
+    return {finished && child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0,
+            QString::fromLocal8Bit(child.readAllStandardOutput()), QString::fromLocal8Bit(child.readAllStandardError()),
+            timer.elapsed()};
+}
+
+/// How strongly \a samples sound at \a hz, 1 being a full sine wave.
+double strengthAt(double hz, const std::vector<std::int16_t> &samples)
+{
+    double re = 0;
+    double im = 0;
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        const double angle = 2 * std::acos(-1.0) * hz * double(i) / Desktop::AudioOutput::sampleRate;
+        re += samples[i] * std::cos(angle);
+        im += samples[i] * std::sin(angle);
+    }
+    return 2 * std::hypot(re, im) / (32767.0 * double(samples.size()));
+}
+
+int loudest(const std::vector<std::int16_t> &samples)
+{
+    int loudest = 0;
+    for (std::int16_t sample : samples)
+        loudest = qMax(loudest, std::abs(int(sample)));
+    return loudest;
+}
+
+void inThread(const std::function<void()> &work)
+{
+    std::thread(work).join();
+}
+
+}
+
+class TestDesktopPlatform : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void logLineHasTimeLevelThreadAndMessage();
+    void logShowsLevelsUpTo_data();
+    void logShowsLevelsUpTo();
+    void logLevelComesFromEnvironment_data();
+    void logLevelComesFromEnvironment();
+    void setLogLevelWinsOverEnvironment();
+    void longLogLineIsWhole();
+    void logLineIsOneWrite();
+    void logLinesOfThreadsNeverMix();
+    void logThreadsAreToldApart();
+    void logKeepsErrno();
+    void filteredLogLineIsNotFormatted();
+    void recentLogLinesAreBounded();
+
+    void soundIdsAreReadable();
+    void recentSoundsAreBounded();
+    void playingNeverBlocks();
+    void mutedSoundIsCounted();
+    void noAudioIsSilentAndQuick_data();
+    void noAudioIsSilentAndQuick();
+    void soundReachesTheAudioDevice();
+    void mutedSoundLeavesAudioClosed();
+    void digitsAreDiallingTones_data();
+    void digitsAreDiallingTones();
+    void clicksAreShortAndDiffer();
+    void unknownSoundIsSoftAndLow();
+    void soundsStartAndEndWithoutJump_data();
+    void soundsStartAndEndWithoutJump();
+
+    void writingDirectionIsLeftToRightAtStart();
+
+    void watchTimeoutIsFiveSecondsAtStart();
+    void watchTimeoutIsKeptWithinBounds_data();
+    void watchTimeoutIsKeptWithinBounds();
+    void hangingThreadIsReportedOnce();
+    void returningThreadIsReportedOnce();
+    void kickedThreadIsNotReported();
+    void threadHangsAgainAfterReturn();
+    void stoppedThreadIsNotWatched();
+    void watchedThreadsTellSecondsSinceKick();
+    void threadsOfOneNameAreWatchedApart();
+    void registeringAgainStartsAfresh();
+    void kickFromAnotherThreadCounts();
+    void unknownWatchNameIsLogged_data();
+    void unknownWatchNameIsLogged();
+    void watcherSleeps_data();
+    void watcherSleeps();
+    void processExitsWithThreadsStillWatched();
+
+    void delaySleepsForTheTimeGiven();
+    void delayIsNotCutShortBySignals();
+    void localTimeIsTheSystems();
+    void localTimeRecordBelongsToTheThread();
+    void localTimeBeyondTheCalendarIsNotNull();
+    void fixedLocalTimeHoldsForAnyTime();
+    void fixedLocalTimeHoldsInEveryThread();
+    void fixedLocalTimeTakesValidTextsOnly_data();
+    void fixedLocalTimeTakesValidTextsOnly();
+    void tickCountsSecondsSinceStart();
+    void clockChipFailsWhenTold();
+    void everythingMayBeCalledFromManyThreads();
+};
+
+void TestDesktopPlatform::init()
+{
+    Desktop::setLogLevel(Logging::LogError);
+    Desktop::setMuted(true);
+    Desktop::setWatchTimeout(5s);
+    Desktop::clearFixedLocalTime();
+}
+
+void TestDesktopPlatform::logLineHasTimeLevelThreadAndMessage()
+{
+    Desktop::setLogLevel(128);
+    CapturedErrors errors;
+    Logging::log(Logging::LogError, "[%s, %d] Unknown item!!", "setItemStyle", 120);
+    Logging::log(Logging::LogTrace, "Sync RTC, failed ");
+    Logging::log(Logging::LogNotice, "100 %%");
+    const QStringList lines = errors.lines();
+    QCOMPARE(lines.size(), 3);
+    const QString start = "^\\d\\d:\\d\\d:\\d\\d\\.\\d{3} ";
+    QVERIFY(QRegularExpression(start + "error  \\S+#\\d+  \\[setItemStyle, 120\\] Unknown item!!$")
+                .match(lines[0]).hasMatch());
+    QVERIFY(QRegularExpression(start + "trace  \\S+#\\d+  Sync RTC, failed $").match(lines[1]).hasMatch());
+    QVERIFY(QRegularExpression(start + "notice \\S+#\\d+  100 %$").match(lines[2]).hasMatch());
+}
+
+void TestDesktopPlatform::logShowsLevelsUpTo_data()
+{
+    QTest::addColumn<int>("level");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("nothing") << 0 << "";
+    QTest::newRow("rejected calls") << 2 << "e";
+    QTest::newRow("just below traces") << 15 << "e";
+    QTest::newRow("traces too") << 16 << "et";
+    QTest::newRow("everything") << 128 << "etn";
+}
+
+void TestDesktopPlatform::logShowsLevelsUpTo()
+{
+    QFETCH(int, level);
+    QFETCH(QString, shown);
+    Desktop::setLogLevel(level);
+    QCOMPARE(Desktop::logLevel(), level);
+    CapturedErrors errors;
+    Logging::log(Logging::LogError, "e");
+    Logging::log(Logging::LogTrace, "t");
+    Logging::log(Logging::LogNotice, "n");
+    QString seen;
+    for (const QString &line : errors.lines())
+        seen += line.right(1);
+    QCOMPARE(seen, shown);
+}
+
+void TestDesktopPlatform::logLevelComesFromEnvironment_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("level");
+    QTest::newRow("not set") << QString() << 2;
+    QTest::newRow("empty") << "" << 2;
+    QTest::newRow("traces") << "16" << 16;
+    QTest::newRow("nothing") << "0" << 0;
+    QTest::newRow("not a number") << "loud" << 2;
+    QTest::newRow("number with a tail") << "16x" << 2;
+    QTest::newRow("negative") << "-1" << 2;
+    QTest::newRow("too large") << "99999999999" << 2;
+}
+
+void TestDesktopPlatform::logLevelComesFromEnvironment()
+{
+    QFETCH(QString, text);
+    QFETCH(int, level);
+    QMap<QString, QString> environment;
+    if (!text.isNull())
+        environment["WIDGET_LOG_LEVEL"] = text;
+    QCOMPARE(runChild({"level"}, environment).output, QString::number(level));
+}
+
+void TestDesktopPlatform::setLogLevelWinsOverEnvironment()
+{
+    QCOMPARE(runChild({"level", "128"}, {{"WIDGET_LOG_LEVEL", "16"}}).output, QString("128"));
+}
+
+void TestDesktopPlatform::longLogLineIsWhole()
+{
+    const QByteArray text(100000, 'x');
+    CapturedErrors errors;
+    Logging::log(Logging::LogError, "<%s>", text.constData());
+    QCOMPARE(errors.lines().size(), 1);
+    QVERIFY(errors.lines()[0].endsWith('<' + text + '>'));
+}
+
+void TestDesktopPlatform::logLineIsOneWrite()
+{
+    CapturedErrors errors;
+    int ends[2];  // of a socket that delivers what each write wrote by itself
+    QCOMPARE(socketpair(AF_UNIX, SOCK_SEQPACKET, 0, ends), 0);
+    dup2(ends[1], STDERR_FILENO);
+    Logging::log(Logging::LogError, "first");
+    Logging::log(Logging::LogError, "second");
+    char received[200];
+    const ssize_t length = read(ends[0], received, sizeof(received));
+    close(ends[0]);
+    close(ends[1]);
+    QVERIFY(length > 0);
+    QVERIFY(QByteArray(received, int(length)).endsWith("  first\n"));
+}
+
+void TestDesktopPlatform::logLinesOfThreadsNeverMix()
+{
+    CapturedErrors errors;
+    std::vector<std::thread> threads;
+    for (char c : {'a', 'b', 'c', 'd'}) {
+        threads.emplace_back([c] {
+            const std::string text(6000, c);  // more than a pipe takes in one piece
+            for (int i = 0; i < 100; ++i)
+                Logging::log(Logging::LogError, "<%s>", text.c_str());
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    const QStringList lines = errors.lines();
+    QCOMPARE(lines.size(), 400);
+    const QRegularExpression whole("^\\d\\d:\\S+ error  \\S+  <(a{6000}|b{6000}|c{6000}|d{6000})>$");
+    for (const QString &line : lines)
+        QVERIFY(whole.match(line).hasMatch());
+}
+
+void TestDesktopPlatform::logThreadsAreToldApart()
+{
+    CapturedErrors errors;
+    const auto log = [] { Logging::log(Logging::LogError, "x"); };
+    inThread(log);
+    inThread(log);
+    QCOMPARE(errors.lines().size(), 2);
+    QVERIFY(errors.lines()[0].section(' ', 1) != errors.lines()[1].section(' ', 1));
+}
+
+void TestDesktopPlatform::logKeepsErrno()
+{
+    CapturedErrors errors;
+    close(STDERR_FILENO);
+    errno = ENOENT;
+    Logging::log(Logging::LogError, "to a closed standard error");
+    QCOMPARE(errno, ENOENT);
+}
+
+void TestDesktopPlatform::filteredLogLineIsNotFormatted()
+{
+    const std::string text(1000, 'x');
+    CapturedErrors errors;
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < 1000000; ++i)
+        Logging::log(Logging::LogTrace, "%s %d", text.c_str(), i);
+    QVERIFY2(timer.elapsed() < 500, qPrintable(QString("%1 ms for a million lines").arg(timer.elapsed())));
+    QVERIFY(errors.lines().isEmpty());
+}
+
+void TestDesktopPlatform::recentLogLinesAreBounded()
+{
+    CapturedErrors errors;
+    for (int i = 0; i < 150; ++i) {
+        Logging::log(Logging::LogError, "line %d", i);
+        Logging::log(Logging::LogTrace, "filtered");
+    }
+    const std::vector<std::string> recent = Desktop::recentLogLines();
+    QCOMPARE(recent.size(), std::size_t(100));
+    QVERIFY(QString::fromStdString(recent.front()).endsWith("line 50"));
+    QCOMPARE(QString::fromStdString(recent.back()), errors.lines().last());
+}
+
+void TestDesktopPlatform::soundIdsAreReadable()
+{
+    SoundManager *manager = SoundManager::getInstance();
+    QVERIFY(manager);
+    QCOMPARE(SoundManager::getInstance(), manager);
+    const std::size_t before = Desktop::soundCount();
+    for (int id : {901, 872, 929, -1})
+        manager->sndPlay(id);
+    QCOMPARE(Desktop::soundCount(), before + 4);
+    const std::vector<int> recent = Desktop::recentSounds();
+    QCOMPARE(std::vector<int>(recent.end() - 4, recent.end()), (std::vector<int>{901, 872, 929, -1}));
+}
+
+void TestDesktopPlatform::recentSoundsAreBounded()
+{
+    for (int id = 0; id < 40; ++id)
+        SoundManager::getInstance()->sndPlay(id);
+    const std::vector<int> recent = Desktop::recentSounds();
+    QCOMPARE(recent.size(), std::size_t(32));
+    QCOMPARE(recent.front(), 8);
+    QCOMPARE(recent.back(), 39);
+}
+
+void TestDesktopPlatform::playingNeverBlocks()
+{
+    // The first sound of a process opens the audio. A thousand sounds take minutes to listen to.
+    const ChildResult child = runChild({"play", "1000", "901"}, {{"SDL_AUDIODRIVER", "dummy"}});
+    QVERIFY(child.exitedWell);
+    QVERIFY2(child.output.toInt() < 100, qPrintable(child.output + " ms"));
+}
+
+void TestDesktopPlatform::mutedSoundIsCounted()
+{
+    QVERIFY(Desktop::isMuted());
+    const std::size_t before = Desktop::soundCount();
+    SoundManager::getInstance()->sndPlay(901);
+    QCOMPARE(Desktop::soundCount(), before + 1);
+    Desktop::setMuted(false);
+    QVERIFY(!Desktop::isMuted());
+}
+
+void TestDesktopPlatform::noAudioIsSilentAndQuick_data()
+{
+    QTest::addColumn<QString>("driver");
+    QTest::addColumn<int>("wait");
+    for (int wait : {0, 5, 300}) {
+        QTest::addRow("no sound card, %d ms before exit", wait) << "alsa" << wait;
+        QTest::addRow("no sound service, %d ms before exit", wait) << "pulseaudio" << wait;
+        QTest::addRow("no such driver, %d ms before exit", wait) << "gramophone" << wait;
+        QTest::addRow("dummy driver, %d ms before exit", wait) << "dummy" << wait;
+    }
+}
+
+void TestDesktopPlatform::noAudioIsSilentAndQuick()
+{
+    QFETCH(QString, driver);
+    QFETCH(int, wait);
+    // Names no machine has, for those where there is audio.
+    const ChildResult child = runChild({"play", "1", "901", QString::number(wait)},
+                                       {{"SDL_AUDIODRIVER", driver}, {"AUDIODEV", "nowhere"},
+                                        {"PULSE_SERVER", "unix:/nowhere"}});
+    QVERIFY(child.exitedWell);
+    QCOMPARE(child.errors, QString());
+    QVERIFY2(child.milliseconds < wait + 1000, qPrintable(QString("%1 ms").arg(child.milliseconds)));
+}
+
+void TestDesktopPlatform::soundReachesTheAudioDevice()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath("played.raw");
+    const ChildResult child = runChild({"play", "1", "925", "400"},
+                                       {{"SDL_AUDIODRIVER", "disk"}, {"SDL_DISKAUDIOFILE", path}});
+    QVERIFY(child.exitedWell);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        QSKIP("This SDL cannot play into a file");
+    const QByteArray bytes = file.readAll();
+    std::vector<std::int16_t> played(std::size_t(bytes.size()) / 2);
+    std::memcpy(played.data(), bytes.constData(), played.size() * 2);
+    const std::vector<std::int16_t> tone = Desktop::toneSamples(925);
+    QVERIFY(std::search(played.begin(), played.end(), tone.begin(), tone.end()) != played.end());
+}
+
+void TestDesktopPlatform::mutedSoundLeavesAudioClosed()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath("played.raw");
+    const ChildResult child = runChild({"play-muted", "1", "901", "200"},
+                                       {{"SDL_AUDIODRIVER", "disk"}, {"SDL_DISKAUDIOFILE", path}});
+    QVERIFY(child.exitedWell);
+    QVERIFY(!QFile::exists(path));
+}
+
+void TestDesktopPlatform::digitsAreDiallingTones_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<int>("low");
+    QTest::addColumn<int>("high");
+    const int lows[] = {697, 770, 852};
+    const int highs[] = {1209, 1336, 1477};
+    QTest::newRow("0") << 920 << 941 << 1336;
+    for (int digit = 1; digit <= 9; ++digit)
+        QTest::addRow("%d", digit) << 920 + digit << lows[(digit - 1) / 3] << highs[(digit - 1) % 3];
+}
+
+void TestDesktopPlatform::digitsAreDiallingTones()
+{
+    QFETCH(int, id);
+    QFETCH(int, low);
+    QFETCH(int, high);
+    const std::vector<std::int16_t> samples = Desktop::toneSamples(id);
+    for (int hz : {697, 770, 852, 941, 1209, 1336, 1477}) {
+        const double strength = strengthAt(hz, samples);
+        QVERIFY2(hz == low || hz == high ? strength > 0.1 : strength < 0.02,
+                 qPrintable(QString("%1 at %2 Hz").arg(strength).arg(hz)));
+    }
+    QVERIFY(loudest(samples) < loudest(Desktop::toneSamples(901)) * 1.2);
+}
+
+void TestDesktopPlatform::clicksAreShortAndDiffer()
+{
+    const std::vector<std::int16_t> click = Desktop::toneSamples(901);
+    const std::vector<std::int16_t> lowClick = Desktop::toneSamples(872);
+    const std::size_t shortest = Desktop::AudioOutput::sampleRate / 200;
+    const std::size_t longest = Desktop::AudioOutput::sampleRate / 40;
+    QVERIFY(click.size() > shortest && click.size() < longest);
+    QVERIFY(lowClick.size() > shortest && lowClick.size() < longest);
+    QVERIFY(loudest(click) > 3000);
+    QVERIFY(loudest(lowClick) > 3000);
+    QVERIFY(strengthAt(2000, click) > 2 * strengthAt(1200, click));
+    QVERIFY(strengthAt(1200, lowClick) > 2 * strengthAt(2000, lowClick));
+}
+
+void TestDesktopPlatform::unknownSoundIsSoftAndLow()
+{
+    const std::vector<std::int16_t> blip = Desktop::toneSamples(12345);
+    QCOMPARE(Desktop::toneSamples(919), blip);
+    QCOMPARE(Desktop::toneSamples(930), blip);
+    QVERIFY(loudest(blip) > 1000);
+    QVERIFY(loudest(blip) < loudest(Desktop::toneSamples(901)));
+    QVERIFY(strengthAt(220, blip) > 2 * strengthAt(600, blip));
+}
+
+void TestDesktopPlatform::soundsStartAndEndWithoutJump_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::newRow("click") << 901;
+    QTest::newRow("low click") << 872;
+    QTest::newRow("digit") << 925;
+    QTest::newRow("unknown") << 1;
+}
+
+void TestDesktopPlatform::soundsStartAndEndWithoutJump()
+{
+    QFETCH(int, id);
+    const std::vector<std::int16_t> samples = Desktop::toneSamples(id);
+    QVERIFY(std::abs(samples.front()) < 100);
+    QVERIFY(std::abs(samples.back()) < 100);
+}
+
+void TestDesktopPlatform::writingDirectionIsLeftToRightAtStart()
+{
+    QVERIFY(!StringRC::getInstance()->m_rightToLeft);
+    StringRC::getInstance()->m_rightToLeft = true;
+    QVERIFY(StringRC::getInstance()->m_rightToLeft);
+    StringRC::getInstance()->m_rightToLeft = false;
+}
+
+void TestDesktopPlatform::watchTimeoutIsFiveSecondsAtStart()
+{
+    QCOMPARE(runChild({"watch-timeout"}).output, QString("5000"));
+}
+
+void TestDesktopPlatform::watchTimeoutIsKeptWithinBounds_data()
+{
+    QTest::addColumn<qint64>("asked");
+    QTest::addColumn<qint64>("kept");
+    QTest::newRow("usual") << qint64(700) << qint64(700);
+    QTest::newRow("nothing") << qint64(0) << qint64(1);
+    QTest::newRow("negative") << qint64(-5) << qint64(1);
+    QTest::newRow("endless") << std::numeric_limits<qint64>::max() << qint64(24 * 3600 * 1000);
+}
+
+void TestDesktopPlatform::watchTimeoutIsKeptWithinBounds()
+{
+    QFETCH(qint64, asked);
+    QFETCH(qint64, kept);
+    Desktop::setWatchTimeout(std::chrono::milliseconds(asked));
+    QCOMPARE(qint64(Desktop::watchTimeout().count()), kept);
+}
+
+void TestDesktopPlatform::hangingThreadIsReportedOnce()
+{
+    Desktop::setWatchTimeout(50ms);
+    CapturedErrors errors;
+    Util::startWatchThread("worker");
+    QTRY_COMPARE(errors.lines().size(), 1);
+    QVERIFY(errors.lines()[0].contains("\"worker\" has not answered for 0.1 s"));
+    QVERIFY(Desktop::watchedThreads()[0].hanging);
+    Desktop::setWatchTimeout(40ms);
+    QTest::qWait(150);
+    QCOMPARE(errors.lines().size(), 1);
+    Util::stopWatchThread("worker");
+}
+
+void TestDesktopPlatform::returningThreadIsReportedOnce()
+{
+    Desktop::setWatchTimeout(50ms);
+    CapturedErrors errors;
+    Util::startWatchThread("worker");
+    QTRY_COMPARE(errors.lines().size(), 1);
+    Desktop::setWatchTimeout(5s);
+    Util::kickDog("worker");
+    QCOMPARE(errors.lines().size(), 2);
+    QVERIFY(errors.lines()[1].contains("\"worker\" answers again after 0."));
+    QVERIFY(!Desktop::watchedThreads()[0].hanging);
+    Util::kickDog("worker");
+    Util::stopWatchThread("worker");
+    QCOMPARE(errors.lines().size(), 2);
+}
+
+void TestDesktopPlatform::kickedThreadIsNotReported()
+{
+    Desktop::setWatchTimeout(400ms);
+    CapturedErrors errors;
+    Util::startWatchThread("worker");
+    for (int i = 0; i < 20; ++i) {
+        Util::kickDog("worker");
+        QTest::qWait(40);
+    }
+    Util::stopWatchThread("worker");
+    QCOMPARE(errors.lines(), QStringList());
+}
+
+void TestDesktopPlatform::threadHangsAgainAfterReturn()
+{
+    Desktop::setWatchTimeout(50ms);
+    CapturedErrors errors;
+    Util::startWatchThread("worker");
+    QTRY_COMPARE(errors.lines().size(), 1);
+    Util::kickDog("worker");
+    QTRY_COMPARE(errors.lines().size(), 3);
+    QVERIFY(errors.lines()[2].contains("has not answered"));
+    Util::stopWatchThread("worker");
+}
+
+void TestDesktopPlatform::stoppedThreadIsNotWatched()
+{
+    Desktop::setWatchTimeout(50ms);
+    CapturedErrors errors;
+    Util::startWatchThread("worker");
+    Util::stopWatchThread("worker");
+    QVERIFY(Desktop::watchedThreads().empty());
+    QTest::qWait(150);
+    QCOMPARE(errors.lines(), QStringList());
+}
+
+void TestDesktopPlatform::watchedThreadsTellSecondsSinceKick()
+{
+    Util::startWatchThread("first");
+    QTest::qWait(120);
+    Util::startWatchThread("second");
+    const std::vector<Desktop::WatchedThread> threads = Desktop::watchedThreads();
+    QCOMPARE(threads.size(), std::size_t(2));
+    QCOMPARE(threads[0].name, std::string("first"));
+    QCOMPARE(threads[1].name, std::string("second"));
+    QVERIFY(threads[0].secondsSinceKick >= 0.12 && threads[0].secondsSinceKick < 5);
+    QVERIFY(threads[1].secondsSinceKick < threads[0].secondsSinceKick - 0.1);
+    QVERIFY(!threads[0].hanging);
+    Util::kickDog("first");
+    QVERIFY(Desktop::watchedThreads()[0].secondsSinceKick < 0.1);
+    Util::stopWatchThread("first");
+    Util::stopWatchThread("second");
+}
+
+void TestDesktopPlatform::threadsOfOneNameAreWatchedApart()
+{
+    CapturedErrors errors;
+    std::promise<void> mayEnd;
+    Util::startWatchThread("clock");
+    std::promise<void> isRegistered;
+    std::thread other([&] {
+        Util::startWatchThread("clock");
+        isRegistered.set_value();
+        mayEnd.get_future().wait();
+        Util::stopWatchThread("clock");
+    });
+    isRegistered.get_future().wait();
+    QTest::qWait(60);
+    Util::kickDog("clock");
+    Desktop::setWatchTimeout(50ms);
+    QTRY_VERIFY(!errors.lines().isEmpty());
+    Desktop::setWatchTimeout(5s);
+    Util::kickDog("clock");
+    const std::vector<Desktop::WatchedThread> threads = Desktop::watchedThreads();
+    QCOMPARE(threads.size(), std::size_t(2));
+    QVERIFY(!threads[0].hanging);
+    QVERIFY(threads[1].hanging);
+    mayEnd.set_value();
+    other.join();
+    QCOMPARE(Desktop::watchedThreads().size(), std::size_t(1));
+    Util::stopWatchThread("clock");
+    QVERIFY(Desktop::watchedThreads().empty());
+}
+
+void TestDesktopPlatform::registeringAgainStartsAfresh()
+{
+    Util::startWatchThread("worker");
+    Util::startWatchThread("worker");
+    QCOMPARE(Desktop::watchedThreads().size(), std::size_t(1));
+    Util::stopWatchThread("worker");
+    QVERIFY(Desktop::watchedThreads().empty());
+}
+
+void TestDesktopPlatform::kickFromAnotherThreadCounts()
+{
+    CapturedErrors errors;
+    Util::startWatchThread("worker");
+    QTest::qWait(60);
+    inThread([] { Util::kickDog("worker"); });
+    QVERIFY(Desktop::watchedThreads()[0].secondsSinceKick < 0.05);
+    inThread([] { Util::stopWatchThread("worker"); });
+    QVERIFY(Desktop::watchedThreads().empty());
+    QCOMPARE(errors.lines(), QStringList());
+}
+
+void TestDesktopPlatform::unknownWatchNameIsLogged_data()
+{
+    QTest::addColumn<bool>("stops");
+    QTest::newRow("kickDog") << false;
+    QTest::newRow("stopWatchThread") << true;
+}
+
+void TestDesktopPlatform::unknownWatchNameIsLogged()
+{
+    QFETCH(bool, stops);
+    CapturedErrors errors;
+    if (stops)
+        Util::stopWatchThread("nobody");
+    else
+        Util::kickDog("nobody");
+    QCOMPARE(errors.lines().size(), 1);
+    QVERIFY(errors.lines()[0].endsWith(QString("%1: no thread is registered as \"nobody\"")
+                                           .arg(QTest::currentDataTag())));
+}
+
+void TestDesktopPlatform::watcherSleeps_data()
+{
+    QTest::addColumn<int>("timeoutMs");
+    QTest::newRow("until a thread is due") << 5000;
+    QTest::newRow("while all threads hang") << 10;
+}
+
+void TestDesktopPlatform::watcherSleeps()
+{
+    QFETCH(int, timeoutMs);
+    CapturedErrors errors;
+    Desktop::setWatchTimeout(std::chrono::milliseconds(timeoutMs));
+    Util::startWatchThread("one");
+    Util::startWatchThread("two");
+    std::this_thread::sleep_for(100ms);
+    rusage before;
+    rusage after;
+    getrusage(RUSAGE_SELF, &before);
+    const clock_t cpuBefore = clock();
+    std::this_thread::sleep_for(300ms);
+    const double cpuMs = 1000.0 * double(clock() - cpuBefore) / CLOCKS_PER_SEC;
+    getrusage(RUSAGE_SELF, &after);
+    Util::stopWatchThread("one");
+    Util::stopWatchThread("two");
+    QVERIFY2(cpuMs < 50, qPrintable(QString("%1 ms of processor time in 300 ms").arg(cpuMs)));
+    const long wakeUps = after.ru_nvcsw - before.ru_nvcsw;
+    QVERIFY2(wakeUps < 20, qPrintable(QString("%1 wake-ups in 300 ms").arg(wakeUps)));
+}
+
+void TestDesktopPlatform::processExitsWithThreadsStillWatched()
+{
+    const ChildResult child = runChild({"watch-and-exit"});
+    QVERIFY(child.exitedWell);
+    QCOMPARE(child.errors, QString());
+    QVERIFY(child.milliseconds < 2000);
+}
+
+void TestDesktopPlatform::delaySleepsForTheTimeGiven()
+{
+    QElapsedTimer timer;
+    timer.start();
+    Util::delayMs(0);
+    QVERIFY(timer.elapsed() < 50);
+    timer.start();
+    Util::delayMs(120);
+    QVERIFY(timer.elapsed() >= 120);
+    QVERIFY(timer.elapsed() < 1000);
+}
+
+void TestDesktopPlatform::delayIsNotCutShortBySignals()
+{
+    struct sigaction action = {};
+    struct sigaction old;
+    action.sa_handler = [](int) {};
+    sigaction(SIGUSR1, &action, &old);
+    qint64 slept = 0;
+    std::thread sleeper([&slept] {
+        QElapsedTimer timer;
+        timer.start();
+        Util::delayMs(300);
+        slept = timer.elapsed();
+    });
+    for (int i = 0; i < 5; ++i) {
+        std::this_thread::sleep_for(20ms);
+        pthread_kill(sleeper.native_handle(), SIGUSR1);
+    }
+    sleeper.join();
+    sigaction(SIGUSR1, &old, nullptr);
+    QVERIFY2(slept >= 300, qPrintable(QString("%1 ms").arg(slept)));
+}
+
+void TestDesktopPlatform::localTimeIsTheSystems()
+{
+    const time_t now = time(nullptr);
+    const tm expected = *localtime(&now);
+    const tm record = *Util::localtime(now);
+    QCOMPARE(record.tm_sec, expected.tm_sec);
+    QCOMPARE(record.tm_min, expected.tm_min);
+    QCOMPARE(record.tm_hour, expected.tm_hour);
+    QCOMPARE(record.tm_yday, expected.tm_yday);
+    QCOMPARE(record.tm_year, expected.tm_year);
+    QCOMPARE(record.tm_gmtoff, expected.tm_gmtoff);
+}
+
+void TestDesktopPlatform::localTimeRecordBelongsToTheThread()
+{
+    const tm *mine = Util::localtime(100000);
+    const tm before = *mine;
+    const tm *others = nullptr;
+    inThread([&others] { others = Util::localtime(7); });
+    QVERIFY(others != mine);
+    QCOMPARE(mine->tm_sec, before.tm_sec);
+    QCOMPARE(mine->tm_mday, before.tm_mday);
+}
+
+void TestDesktopPlatform::localTimeBeyondTheCalendarIsNotNull()
+{
+    Util::localtime(time(nullptr));
+    QVERIFY(Util::localtime(std::numeric_limits<long>::max()));
+    QCOMPARE(Util::localtime(std::numeric_limits<long>::max())->tm_year, 0);
+}
+
+void TestDesktopPlatform::fixedLocalTimeHoldsForAnyTime()
+{
+    QVERIFY(Desktop::setFixedLocalTime("2026-03-07 13:05:09"));
+    for (long t : {0L, 1234567890L, -1L}) {
+        const tm record = *Util::localtime(t);
+        QCOMPARE(record.tm_year, 126);
+        QCOMPARE(record.tm_mon, 2);
+        QCOMPARE(record.tm_mday, 7);
+        QCOMPARE(record.tm_hour, 13);
+        QCOMPARE(record.tm_min, 5);
+        QCOMPARE(record.tm_sec, 9);
+        QCOMPARE(record.tm_wday, 6);
+        QCOMPARE(record.tm_yday, 65);
+    }
+    Desktop::clearFixedLocalTime();
+    QCOMPARE(Util::localtime(1234567890)->tm_year, 109);
+}
+
+void TestDesktopPlatform::fixedLocalTimeHoldsInEveryThread()
+{
+    QVERIFY(Desktop::setFixedLocalTime("2024-12-31 23:59:58"));
+    tm record = {};
+    inThread([&record] { record = *Util::localtime(0); });
+    QCOMPARE(record.tm_sec, 58);
+    QCOMPARE(record.tm_yday, 365);
+}
+
+void TestDesktopPlatform::fixedLocalTimeTakesValidTextsOnly_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("valid");
+    QTest::newRow("plain") << "2026-03-07 13:05:09" << true;
+    QTest::newRow("leap day") << "2024-02-29 00:00:00" << true;
+    QTest::newRow("first second") << "1000-01-01 00:00:00" << true;
+    QTest::newRow("before the year 1000") << "0999-01-01 00:00:00" << false;
+    QTest::newRow("last second") << "9999-12-31 23:59:59" << true;
+    QTest::newRow("empty") << "" << false;
+    QTest::newRow("date alone") << "2026-03-07" << false;
+    QTest::newRow("no leap year") << "2026-02-29 00:00:00" << false;
+    QTest::newRow("month 0") << "2026-00-07 13:05:09" << false;
+    QTest::newRow("month 13") << "2026-13-07 13:05:09" << false;
+    QTest::newRow("day 0") << "2026-03-00 13:05:09" << false;
+    QTest::newRow("day 31 of a short month") << "2026-04-31 13:05:09" << false;
+    QTest::newRow("hour 24") << "2026-03-07 24:00:00" << false;
+    QTest::newRow("minute 60") << "2026-03-07 13:60:09" << false;
+    QTest::newRow("second 60") << "2026-03-07 13:05:60" << false;
+    QTest::newRow("tail") << "2026-03-07 13:05:09 " << false;
+    QTest::newRow("blank for a digit") << "2026- 3-07 13:05:09" << false;
+    QTest::newRow("sign for a digit") << "2026-+3-07 13:05:09" << false;
+    QTest::newRow("number too large") << "99999999999-03-07 13:05:09" << false;
+    QTest::newRow("wrong separator") << "2026-03-07T13:05:09" << false;
+}
+
+void TestDesktopPlatform::fixedLocalTimeTakesValidTextsOnly()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, valid);
+    QVERIFY(Desktop::setFixedLocalTime("2001-01-01 11:11:11"));
+    QCOMPARE(Desktop::setFixedLocalTime(text.toStdString()), valid);
+    if (valid)
+        QCOMPARE(Util::localtime(0)->tm_year + 1900, text.left(4).toInt());
+    else
+        QCOMPARE(Util::localtime(0)->tm_min, 11);
+}
+
+void TestDesktopPlatform::tickCountsSecondsSinceStart()
+{
+    QCOMPARE(runChild({"tick"}).output, QString("0 1"));
+    const unsigned int tick = get_system_tick();
+    std::this_thread::sleep_for(1100ms);
+    QVERIFY(get_system_tick() == tick + 1 || get_system_tick() == tick + 2);
+}
+
+void TestDesktopPlatform::clockChipFailsWhenTold()
+{
+    const unsigned int before = Desktop::clockChipCalls();
+    QVERIFY(set_time() != 0);
+    Desktop::setClockChipWorking(false);
+    QCOMPARE(set_time(), 0);
+    Desktop::setClockChipWorking(true);
+    QVERIFY(set_time() != 0);
+    QCOMPARE(Desktop::clockChipCalls(), before + 3);
+}
+
+void TestDesktopPlatform::everythingMayBeCalledFromManyThreads()
+{
+    CapturedErrors errors;
+    const std::size_t soundsBefore = Desktop::soundCount();
+    const unsigned int callsBefore = Desktop::clockChipCalls();
+    Desktop::setWatchTimeout(1ms);
+    std::vector<std::thread> threads;
+    for (int n = 0; n < 4; ++n) {
+        threads.emplace_back([] {
+            Util::startWatchThread("busy");
+            for (int i = 0; i < 200; ++i) {
+                Util::kickDog("busy");
+                SoundManager::getInstance()->sndPlay(901);
+                Logging::log(Logging::LogError, "%s", "busy");
+                Desktop::setFixedLocalTime("2026-03-07 13:05:09");
+                Util::localtime(long(time(nullptr)));
+                Desktop::clearFixedLocalTime();
+                Desktop::setLogLevel(2);
+                Desktop::setMuted(true);
+                Desktop::setClockChipWorking(true);
+                Desktop::recentSounds();
+                Desktop::recentLogLines();
+                Desktop::watchedThreads();
+                get_system_tick();
+                set_time();
+                Util::delayMs(i % 3);
+            }
+            Util::stopWatchThread("busy");
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    QCOMPARE(Desktop::soundCount(), soundsBefore + 800);
+    QCOMPARE(Desktop::clockChipCalls(), callsBefore + 800);
+    QVERIFY(Desktop::watchedThreads().empty());
+    QCOMPARE(errors.lines().filter(QRegularExpression("  busy$")).size(), 800);
+}
+
+namespace {
+
+int play(const QStringList &job, bool muted)
+{
+    Desktop::setMuted(muted);
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < job[1].toInt(); ++i)
+        SoundManager::getInstance()->sndPlay(job[2].toInt());
+    printf("%d", int(timer.elapsed()));
+    if (job.size() > 3)
+        Util::delayMs(job[3].toULong());
+    return 0;
+}
+
+/// What runChild() asks for.
+int runJob(const QStringList &job)
+{
+    if (job[0] == "play" || job[0] == "play-muted")
+        return play(job, job[0] == "play-muted");
+    if (job[0] == "level") {
+        if (job.size() > 1)
+            Desktop::setLogLevel(job[1].toInt());
+        printf("%d", Desktop::logLevel());
+        return 0;
+    }
+    if (job[0] == "tick") {
+        printf("%u ", get_system_tick());
+        Util::delayMs(1100);
+        printf("%u", get_system_tick());
+        return 0;
+    }
+    if (job[0] == "watch-timeout") {
+        printf("%d", int(Desktop::watchTimeout().count()));
+        return 0;
+    }
+    if (job[0] == "watch-and-exit") {
+        Util::startWatchThread("main");
+        inThread([] { Util::startWatchThread("gone"); });
+        return 0;
+    }
+    return 1;
+}
+
+}
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() > 2 && arguments[1] == "--child")
+        return runJob(arguments.mid(2));
+    TestDesktopPlatform test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_desktopplatform.moc"
