@@ -1,0 +1,109 @@
+#include "widgetmenutitle.h"
+
+#include "platform/logging.h"
+#include "platform/stringrc.h"
+#include "widgetdetails.h"
+
+#include <QLabel>
+
+WidgetMenuTitle::WidgetMenuTitle(QWidget *parent, SoundManager *sound)
+    : Widget(parent, sound)
+{
+    setGeometry(0, 0, 220, 38);
+    setFocusPolicy(Qt::NoFocus);
+    setStyleSheet(QLatin1String("color: #FFFFFF;background-color: #474242;"));
+
+    m_iconLabel = new QLabel(this);
+    m_titleLabel = new QLabel(this);
+    m_infoLabel = new QLabel(this);
+    placeIconAndTitle();
+    m_infoLabel->setGeometry(StringRC::getInstance()->m_rightToLeft ? 0 : 152, 0, 68, 13);
+
+    m_iconLabel->setStyleSheet(QLatin1String("padding: 3px;"));
+
+    m_titleLabel->setFont(defaultFont(14, true));
+    m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_titleLabel->setStyleSheet(QLatin1String("padding-left: 1px;"));
+
+    m_infoLabel->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    m_infoLabel->hide();
+}
+
+WidgetMenuTitle::~WidgetMenuTitle()
+{
+}
+
+void WidgetMenuTitle::setItemGeometry(WidgetMenuTitle::Item item, int x, int y, int w, int h)
+{
+    switch (int(item)) {
+    case ItemBackground:
+        setGeometry(x, y, w, h);
+        break;
+    case ItemTitle:
+        m_titleLabel->setGeometry(x, y, w, h);
+        break;
+    case ItemIcon:
+        m_iconLabel->setGeometry(x, y, w, h);
+        break;
+    case ItemInfo:
+        m_infoLabel->show();
+        m_infoLabel->setGeometry(x, y, w, h);
+        break;
+    default:
+        rejectItem("setItemGeometry", 56);
+        break;
+    }
+}
+
+void WidgetMenuTitle::setItemStyle(WidgetMenuTitle::Item item, QString style)
+{
+    QLabel *label = 0;
+    switch (int(item)) {
+    case ItemBackground:
+        applyStyleSheet(this, style);
+        return;
+    case ItemTitle:
+        label = m_titleLabel;
+        break;
+    case ItemIcon:
+        label = m_iconLabel;
+        break;
+    case ItemInfo:
+        label = m_infoLabel;
+        label->show();
+        break;
+    default:
+        rejectItem("setItemStyle", 82);
+        return;
+    }
+
+    QString merged = label->styleSheet();
+    if (!merged.contains(style, Qt::CaseInsensitive))
+        merged += style;
+    Logging::log(Logging::LogTrace, "[%s, %d] concatStyle = %s", "setItemStyle", 93, merged.toLatin1().constData());
+    // Set again also when unchanged: a screen calls this to have the label dressed anew.
+    label->setStyleSheet(merged);
+}
+
+void WidgetMenuTitle::setFontStyle(WidgetMenuTitle::Item item, int pointSize, bool bold, QString style)
+{
+    if (item != ItemTitle) {
+        rejectInvalidItem();
+        return;
+    }
+    applyFont(m_titleLabel, defaultFont(pointSize, bold));
+    applyStyleSheet(m_titleLabel, style);
+    placeIconAndTitle();
+}
+
+void WidgetMenuTitle::setTitle(QString text)
+{
+    m_titleLabel->setText(text);
+}
+
+void WidgetMenuTitle::placeIconAndTitle()
+{
+    const bool mirrored = StringRC::getInstance()->m_rightToLeft;
+    m_iconLabel->setGeometry(mirrored ? 182 : 0, 0, 38, 38);
+    m_titleLabel->setGeometry(mirrored ? 0 : 38, 0, 182, 38);
+}
