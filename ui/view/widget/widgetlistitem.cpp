@@ -1,0 +1,708 @@
+#include "widgetlistitem.h"
+
+#include "platform/logging.h"
+#include "widgetdetails.h"
+#include "widgetmarqueelable.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QStackedWidget>
+
+namespace {
+
+const char SourcePath[] = "ui/view/widget/widgetlistitem.cpp";
+
+// Made once for all rows: a label shares the text of its sheet.
+struct Sheets
+{
+    Sheets()
+        : focusedText(QLatin1String("color: #1F1618")),
+          unfocusedTitle(QLatin1String("color: #594B4F")),
+          unfocusedBadge(QLatin1String("color: #FFFFFF; background-image: url(:/resource/images_l2/number_bg.png)")),
+          focusedBadge(QLatin1String("color: #FFFFFF; background-image: url(:/resource/images_l2/number_b_bg.png)")),
+          unfocusedPrevArrow(QLatin1String("image: url(:/resource/images_l2/arrow_prev_nor.png)")),
+          focusedPrevArrow(QLatin1String("image: url(:/resource/images_l2/arrow_prev_focus.png)")),
+          unfocusedNextArrow(QLatin1String("image: url(:/resource/images_l2/arrow_next_nor.png)")),
+          focusedNextArrow(QLatin1String("image: url(:/resource/images_l2/arrow_next_focus.png)"))
+    {
+    }
+
+    const QString focusedText;
+    const QString unfocusedTitle;
+    const QString unfocusedBadge;
+    const QString focusedBadge;
+    const QString unfocusedPrevArrow;
+    const QString focusedPrevArrow;
+    const QString unfocusedNextArrow;
+    const QString focusedNextArrow;
+};
+
+const Sheets &sheets()
+{
+    static const Sheets instance;
+    return instance;
+}
+
+const char MarqueeGap[] = "   ";
+const int MarqueeInterval = 200;
+
+// Pixels.
+const int UpperLineTop = 2;
+const int LowerLineTop = 23;
+const int LineHeight = 21;
+const int TitleOnlyHeight = 46;
+const int TextLeft = 9;
+const int TextLeftOfBadge = 21;
+const int TitleRight = 184;
+const int ValueRight = 214;
+const int ValueRightOfArrows = 172;
+const int OneLineBottom = 45;
+const int OneLineTitleLeft = 4;
+const int OneLineTitleWidth = 96;
+const int OneLineValueRight = 211;
+const int PrevArrowLeft = 185;
+const int NextArrowLeft = 201;
+const QSize ArrowSize(6, 10);
+const QRect BadgeRect(0, 0, 16, 16);
+
+void warnOfMix(const char *function, int line)
+{
+    Logging::log(Logging::LogError, "[%s, %d] Don't mix up!!!!!!!!", function, line);
+}
+
+QFont defaultValueFont()
+{
+    QFont font = defaultFont(14, false);
+    font.setWeight(QFont::Normal);
+    return font;
+}
+
+void placeOnLine(QWidget *widget, int top)
+{
+    widget->setGeometry(widget->x(), top, widget->width(), LineHeight);
+}
+
+}
+
+WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
+    : Widget(parent, soundManager),
+      m_showSerialNum(false),
+      m_moreDepth(false),
+      m_valueOnRightSide(false),
+      m_displayIndex(0),
+      m_modifiable(true),
+      m_selectableFrom(-1),
+      m_selectableTo(-1),
+      m_titleType(TitleNone),
+      m_valueType(ValueNone),
+      m_backupIndex(0),
+      m_ignoreModified(false),
+      m_enterOnOK(false),
+      m_noShortcut(true),
+      m_deletable(false),
+      m_clearAfterRefresh(false),
+      m_marquee(true),
+      m_fittedTitle(new FittedText),
+      m_fittedValue(new FittedText),
+      m_marqueeTimer(0)
+{
+    // The style engine keeps what it makes of each widget that it dresses, and the toolkit has it dress much that nobody
+    // sees: every new widget at the next turn of the event loop, and, when something is shown, all of its descendants
+    // that are not below one that is dressed already. With the row done now and the requests of its children withdrawn,
+    // each child is dressed when it is seen.
+    QCoreApplication::removePostedEvents(this, QEvent::PolishRequest);
+    ensurePolished();
+
+    m_titleLabel = new WidgetMarqueeLable(this);
+    m_titleLabel->setTextFormat(Qt::PlainText);
+    m_titleLabel->setFont(defaultFont(12, true));
+    m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_titleStack = new QStackedWidget(this);
+    m_serialNumLabel = new QLabel(this);
+    m_serialNumLabel->setFont(defaultFont(11, true));
+    m_valueLabel = new QLabel(this);
+    m_valueLabel->setTextFormat(Qt::PlainText);
+    m_valueLabel->setFont(defaultValueFont());
+    m_valueStack = new QStackedWidget(this);
+    m_prevArrow = new QLabel(this);
+    m_nextArrow = new QLabel(this);
+
+    m_titleFont = m_titleLabel->font();
+    m_valueFont = m_valueLabel->font();
+    for (int i = 0; i < children().size(); ++i) {
+        QCoreApplication::removePostedEvents(children().at(i), QEvent::PolishRequest);
+        children().at(i)->installEventFilter(this);
+    }
+}
+
+WidgetListItem::~WidgetListItem()
+{
+    delete m_fittedTitle;
+    delete m_fittedValue;
+}
+
+void WidgetListItem::setTitle(QString title, bool defaultFont)
+{
+    if (defaultFont)
+        setDefaultFont();
+    m_title = title;
+    if (m_titleType == TitleWidget)
+        warnOfMix("setTitle", 56);
+    m_titleType = TitleText;
+}
+
+void WidgetListItem::setTitle(QWidget *title)
+{
+    if (!title)
+        return;
+    m_titleStack->addWidget(title);
+    if (m_titleType == TitleText)
+        warnOfMix("setTitle", 66);
+    m_titleType = TitleWidget;
+}
+
+void WidgetListItem::addValue(QString value)
+{
+    m_values.append(value);
+    if (m_valueType == ValueWidget)
+        warnOfMix("addValue", 96);
+    m_valueType = ValueText;
+}
+
+void WidgetListItem::addValue(QWidget *value)
+{
+    if (!value)
+        return;
+    m_valueStack->addWidget(value);
+    if (m_valueType == ValueText)
+        warnOfMix("addValue", 106);
+    m_valueType = ValueWidget;
+}
+
+void WidgetListItem::insertValue(int index, QWidget *value)
+{
+    if (m_valueType != ValueWidget) {
+        warnOfMix("insertValue", 118);
+        return;
+    }
+    if (value && !rejectsIndex(SourcePath, "insertValue", index, m_valueStack->count() + 1))
+        m_valueStack->insertWidget(index, value);
+}
+
+void WidgetListItem::removeValue(int index)
+{
+    if (m_valueType != ValueWidget) {
+        warnOfMix("removeValue", 129);
+        return;
+    }
+    if (!rejectsIndex(SourcePath, "removeValue", index, m_valueStack->count()))
+        m_valueStack->removeWidget(m_valueStack->widget(index));
+}
+
+void WidgetListItem::removeAllValue()
+{
+    m_values.clear();
+}
+
+void WidgetListItem::replaceValue(int index, QString value, bool defaultFont)
+{
+    if (index >= m_values.size())
+        return;
+    if (rejectsIndex(SourcePath, "replaceValue", index, m_values.size()))
+        return;
+    if (defaultFont)
+        setDefaultFont();
+    m_values[index] = value;
+}
+
+void WidgetListItem::setDisplayValue(int index, QString value, bool clearAfterRefresh)
+{
+    if (m_valueType == ValueWidget)
+        return;
+    if (index >= 0 && index < m_values.size())
+        m_values[index] = value;
+    else
+        m_values.append(value);
+    m_displayIndex = index;
+    m_valueType = ValueDisplay;
+
+    placeOnLine(m_titleLabel, UpperLineTop);
+    m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    placeOnLine(m_valueLabel, LowerLineTop);
+    m_valueLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    showWithParent(m_valueLabel);
+    updateValue();
+    setDefaultFont();
+    m_clearAfterRefresh = clearAfterRefresh;
+}
+
+void WidgetListItem::setDisplayValueIndex(int index)
+{
+    m_displayIndex = index;
+    showCurrentValue();
+}
+
+void WidgetListItem::selectByValue(QString value, bool byPrefix)
+{
+    if (m_valueType != ValueText)
+        return;
+    int found = 0;
+    for (int i = 0; i < m_values.size(); ++i) {
+        if (byPrefix ? m_values.at(i).startsWith(value) : m_values.at(i) == value) {
+            found = i;
+            break;
+        }
+    }
+    setDisplayValueIndex(found);
+}
+
+QString WidgetListItem::getDisplayValue() const
+{
+    return m_valueType == ValueWidget ? QString() : m_valueLabel->text();
+}
+
+void WidgetListItem::setSelectableRange(int from, int to)
+{
+    m_selectableFrom = from;
+    m_selectableTo = to;
+}
+
+void WidgetListItem::setSerialNum(bool show, int number)
+{
+    if (show)
+        m_serialNum = QString::number(number);
+    m_showSerialNum = show;
+}
+
+void WidgetListItem::setMoreDepth(bool moreDepth)
+{
+    m_moreDepth = moreDepth;
+}
+
+void WidgetListItem::setValueOnRightSide(bool valueOnRightSide)
+{
+    m_valueOnRightSide = valueOnRightSide;
+}
+
+void WidgetListItem::setDeletable(bool deletable)
+{
+    m_deletable = deletable;
+}
+
+void WidgetListItem::setModifiable(bool modifiable)
+{
+    m_modifiable = modifiable;
+    updateArrows();
+}
+
+void WidgetListItem::backup()
+{
+    m_backupValue = m_valueLabel->text();
+    m_backupIndex = m_displayIndex;
+}
+
+bool WidgetListItem::isModified()
+{
+    if (m_ignoreModified)
+        return false;
+    if (m_valueType == ValueWidget)
+        return m_backupIndex != m_displayIndex;
+    return m_valueLabel->text() != m_backupValue;
+}
+
+void WidgetListItem::selectByShortcut()
+{
+    Logging::log(Logging::LogTrace, "[%s, %d]", "selectByShortcut", 259);
+    if (m_moreDepth)
+        emit doEnter();
+    else
+        Logging::log(Logging::LogError, "[%s, %d] Not selectable by shortcut", "selectByShortcut", 264);
+}
+
+bool WidgetListItem::hasValue() const
+{
+    return m_valueType != ValueNone;
+}
+
+bool WidgetListItem::hasBadge() const
+{
+    return m_showSerialNum && !m_noShortcut;
+}
+
+bool WidgetListItem::hasSeveralValues() const
+{
+    return m_values.size() >= 2 || m_valueStack->count() >= 2;
+}
+
+QString WidgetListItem::currentText() const
+{
+    const bool exists = m_displayIndex >= 0 && m_displayIndex < m_values.size();
+    return exists ? m_values.at(m_displayIndex) : QString();
+}
+
+void WidgetListItem::showCurrentValue()
+{
+    if (m_valueType == ValueText)
+        updateValue();
+    else
+        m_valueStack->setCurrentIndex(m_displayIndex);
+}
+
+void WidgetListItem::refresh()
+{
+    if (!m_values.isEmpty() && m_valueStack->count() > 0)
+        Logging::log(Logging::LogError, "[%s, %d] This is not supported!!!!", "refresh", 326);
+
+    layOut();
+
+    if (m_clearAfterRefresh && m_valueType != ValueWidget && !m_values.isEmpty()) {
+        m_clearAfterRefresh = false;
+        if (m_displayIndex >= 0 && m_displayIndex < m_values.size())
+            m_values[m_displayIndex] = QString();
+        // A row of two lines goes on showing the text that it has just forgotten, one of one line does not.
+        if (m_valueOnRightSide)
+            updateValue();
+    }
+}
+
+void WidgetListItem::layOut()
+{
+    showTitleOfKind();
+    layOutValue();
+    if (m_titleType != TitleNone)
+        layOutBadge();
+
+    QRect labelRect = m_titleType == TitleText ? titleRect() : m_titleLabel->geometry();
+    if (m_titleType == TitleText)
+        applyStyleSheet(m_titleLabel, sheets().unfocusedTitle);
+    else if (m_titleType == TitleWidget)
+        m_titleStack->setGeometry(titleRect());
+
+    // It is the label that takes the room of the arrows, also where it is not the label that shows the title.
+    labelRect.setRight(labelRect.right() + ArrowSize.width() * (2 - updateArrows()));
+
+    if (m_valueOnRightSide) {
+        const int width = qMin(m_fittedTitle->textWidth(m_title, m_titleFont), OneLineTitleWidth);
+        labelRect = QRect(QPoint(OneLineTitleLeft, 0), QPoint(width + OneLineTitleLeft - 1, OneLineBottom));
+        m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        m_valueLabel->setGeometry(QRect(QPoint(width + 6, 0), QPoint(OneLineValueRight, OneLineBottom)));
+        m_valueLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        updateValue();
+    }
+    m_titleLabel->setGeometry(labelRect);
+
+    setDefaultFont();
+    updateTitle();
+}
+
+void WidgetListItem::showTitleOfKind()
+{
+    if (m_titleType == TitleText) {
+        showWithParent(m_titleLabel);
+        m_titleStack->hide();
+    } else if (m_titleType == TitleWidget) {
+        m_titleLabel->hide();
+        showWithParent(m_titleStack);
+    }
+}
+
+void WidgetListItem::layOutValue()
+{
+    const int bottom = hasValue() ? LowerLineTop + LineHeight - 1 : LowerLineTop - 1;
+    if (m_valueType == ValueWidget) {
+        m_valueStack->setGeometry(QRect(QPoint(TextLeft, LowerLineTop), QPoint(ValueRightOfArrows, bottom)));
+        showWithParent(m_valueStack);
+        m_valueLabel->hide();
+        return;
+    }
+
+    // On one line layOut() places the label instead.
+    if (!m_valueOnRightSide) {
+        const int right = m_moreDepth || m_valueStack->count() > 1 ? ValueRightOfArrows : ValueRight;
+        m_valueLabel->setGeometry(QRect(QPoint(TextLeft, LowerLineTop), QPoint(right, bottom)));
+        m_valueLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    }
+    if (m_values.isEmpty()) {
+        m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        m_valueLabel->hide();
+    } else {
+        if (!m_valueOnRightSide)
+            updateValue();
+        showWithParent(m_valueLabel);
+    }
+    m_valueStack->hide();
+}
+
+void WidgetListItem::layOutBadge()
+{
+    if (!hasBadge()) {
+        m_serialNumLabel->hide();
+        return;
+    }
+    applyStyleSheet(m_serialNumLabel, sheets().unfocusedBadge);
+    m_serialNumLabel->setText(m_serialNum);
+    m_serialNumLabel->setGeometry(BadgeRect);
+    m_serialNumLabel->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    showWithParent(m_serialNumLabel);
+}
+
+QRect WidgetListItem::titleRect() const
+{
+    const int left = hasBadge() ? TextLeftOfBadge : TextLeft;
+    const int top = hasValue() ? UpperLineTop : 0;
+    const int height = hasValue() ? LineHeight : TitleOnlyHeight;
+    return QRect(QPoint(left, top), QPoint(TitleRight, top + height - 1));
+}
+
+void WidgetListItem::updateTitle()
+{
+    m_titleLabel->setText(m_fittedTitle->fit(m_title, m_titleFont, m_titleLabel->width()));
+    // A title that was replaced while it scrolled must not come back at the next step.
+    if (m_marqueeTimer != 0 && m_titleLabel->m_marqueeText != marqueeText()) {
+        stopMarquee();
+        if (titleIsCut())
+            startMarquee();
+    }
+}
+
+void WidgetListItem::updateValue()
+{
+    m_valueLabel->setText(m_fittedValue->fit(currentText(), m_valueFont, m_valueLabel->width()));
+}
+
+int WidgetListItem::updateArrows()
+{
+    const bool goesBack = hasSeveralValues() || m_deletable;
+    const bool goesOn = hasSeveralValues() || m_moreDepth;
+    // Counts what is decided here: a row that is not shown itself has no visible arrows.
+    return int(placeArrow(m_prevArrow, goesBack, sheets().unfocusedPrevArrow, PrevArrowLeft))
+        + int(placeArrow(m_nextArrow, goesOn, sheets().unfocusedNextArrow, NextArrowLeft));
+}
+
+bool WidgetListItem::placeArrow(QLabel *arrow, bool wanted, const QString &sheet, int x)
+{
+    if (wanted) {
+        applyStyleSheet(arrow, sheet);
+        arrow->setGeometry(QRect(QPoint(x, height() / 2 - ArrowSize.height() / 2), ArrowSize));
+    }
+    const bool shown = wanted && m_modifiable;
+    if (shown)
+        showWithParent(arrow);
+    else
+        arrow->hide();
+    return shown;
+}
+
+void WidgetListItem::setDefaultFont()
+{
+    const bool valueBelow = hasValue() && !m_valueOnRightSide;
+    m_titleFont = defaultFont(valueBelow ? 12 : 15, true);
+    applyFont(m_titleLabel, m_titleFont);
+    applyFont(m_serialNumLabel, defaultFont(11, true));
+    m_valueFont = defaultValueFont();
+    applyFont(m_valueLabel, m_valueFont);
+}
+
+void WidgetListItem::showEvent(QShowEvent *)
+{
+    refresh();
+}
+
+bool WidgetListItem::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        dressFocused();
+        break;
+    case QEvent::FocusOut:
+        dressUnfocused();
+        break;
+    case QEvent::Hide:
+        if (stopMarquee())
+            updateTitle();
+        break;
+    default:
+        break;
+    }
+    return Widget::event(event);
+}
+
+bool WidgetListItem::eventFilter(QObject *watched, QEvent *event)
+{
+    // Until a child is dressed, the style of the list that the row moves into concerns it no more than the engine's memory.
+    const QWidget *child = qobject_cast<QWidget *>(watched);
+    if (child && event->type() == QEvent::StyleChange && !child->testAttribute(Qt::WA_WState_Polished))
+        return true;
+    // Nobody tells the row that its m_marquee has been switched off.
+    if (watched == m_titleLabel && event->type() == QEvent::Timer && !m_marquee && stopMarquee()) {
+        updateTitle();
+        return true;
+    }
+    return Widget::eventFilter(watched, event);
+}
+
+void WidgetListItem::dressFocused()
+{
+    if (m_titleType == TitleText) {
+        applyStyleSheet(m_titleLabel, sheets().focusedText);
+        if (m_marquee && titleIsCut())
+            startMarquee();
+    } else if (m_titleType == TitleWidget) {
+        applyStyleSheet(m_titleStack, sheets().focusedText);
+    }
+
+    if (m_valueType == ValueWidget)
+        applyStyleSheet(m_valueStack, sheets().focusedText);
+    else if (hasValue())
+        applyStyleSheet(m_valueLabel, sheets().focusedText);
+
+    applyStyleSheet(m_serialNumLabel, sheets().focusedBadge);
+    applyStyleSheet(m_prevArrow, sheets().focusedPrevArrow);
+    applyStyleSheet(m_nextArrow, sheets().focusedNextArrow);
+}
+
+void WidgetListItem::dressUnfocused()
+{
+    if (m_titleType == TitleText) {
+        applyStyleSheet(m_titleLabel, sheets().unfocusedTitle);
+        const bool scrolled = stopMarquee();
+        if (m_marquee || scrolled)
+            updateTitle();
+    } else if (m_titleType == TitleWidget) {
+        applyStyleSheet(m_titleStack, sheets().unfocusedTitle);
+    }
+
+    // Only the title pales: values keep the dark colour with and without the focus.
+    if (m_valueType == ValueWidget)
+        applyStyleSheet(m_valueStack, sheets().focusedText);
+    else if (hasValue())
+        applyStyleSheet(m_valueLabel, sheets().focusedText);
+
+    applyStyleSheet(m_serialNumLabel, sheets().unfocusedBadge);
+    applyStyleSheet(m_prevArrow, sheets().unfocusedPrevArrow);
+    applyStyleSheet(m_nextArrow, sheets().unfocusedNextArrow);
+}
+
+bool WidgetListItem::titleIsCut()
+{
+    return m_fittedTitle->textWidth(m_title, m_titleFont) > m_titleLabel->width();
+}
+
+QString WidgetListItem::marqueeText() const
+{
+    return m_title + QLatin1String(MarqueeGap);
+}
+
+void WidgetListItem::startMarquee()
+{
+    stopMarquee();
+    m_marqueeTimer = m_titleLabel->startTimer(MarqueeInterval);
+    m_titleLabel->m_marqueeText = marqueeText();
+    m_titleLabel->m_timerId = m_marqueeTimer;
+    m_titleLabel->m_offset = 0;
+}
+
+bool WidgetListItem::stopMarquee()
+{
+    // The label's own note of the timer outlives it and may name somebody else's timer by now.
+    if (m_marqueeTimer == 0)
+        return false;
+    m_titleLabel->killTimer(m_marqueeTimer);
+    m_marqueeTimer = 0;
+    return true;
+}
+
+void WidgetListItem::keyReleaseEvent(QKeyEvent *event)
+{
+    Logging::log(Logging::LogTrace, "[%s,%s]", SourcePath, "keyReleaseEvent");
+    const int key = event->key();
+    if (isLeftKey(key)) {
+        handleLeftKey(event);
+    } else if (isRightKey(key)) {
+        handleRightKey(event);
+    } else if (isOKKey(key) && m_enterOnOK) {
+        playSound(ClickSound);
+        emit doEnter();
+    } else {
+        event->ignore();
+    }
+}
+
+void WidgetListItem::handleLeftKey(QKeyEvent *event)
+{
+    if (!m_modifiable) {
+        playSound(ClickSound);
+        return;
+    }
+    const bool fixed = m_valueType == ValueNone || m_valueType == ValueDisplay;
+    if (fixed || !(stepInRange(-1) || stepThroughValues(-1)))
+        event->ignore();
+}
+
+void WidgetListItem::handleRightKey(QKeyEvent *event)
+{
+    if (!m_modifiable) {
+        playSound(ClickSound);
+        return;
+    }
+    const bool fixed = m_valueType == ValueNone || m_valueType == ValueDisplay;
+    if (fixed && !m_moreDepth) {
+        event->ignore();
+        return;
+    }
+    if (stepInRange(+1) || stepThroughValues(+1))
+        return;
+    // The list gets the key as well. Ignored first: a slot may delete the row.
+    event->ignore();
+    if (m_moreDepth) {
+        playSound(ClickSound);
+        emit doEnter();
+    }
+}
+
+bool WidgetListItem::stepInRange(int direction)
+{
+    if (m_selectableFrom == -1 || m_selectableTo == -1 || m_selectableFrom > m_selectableTo)
+        return false;
+    if (m_selectableFrom == m_selectableTo) {
+        m_displayIndex = m_selectableFrom;
+    } else {
+        m_displayIndex += direction;
+        if (direction < 0 && m_displayIndex < m_selectableFrom)
+            m_displayIndex = m_selectableTo;
+        else if (direction > 0 && m_displayIndex > m_selectableTo)
+            m_displayIndex = m_selectableFrom;
+    }
+    showCurrentValue();
+    reportChange();
+    return true;
+}
+
+bool WidgetListItem::stepThroughValues(int direction)
+{
+    int count = 0;
+    if (m_valueType == ValueText)
+        count = m_values.size();
+    else if (m_valueType == ValueWidget)
+        count = m_valueStack->count();
+    if (count < 2)
+        return false;
+
+    m_displayIndex += direction;
+    if (direction < 0 && m_displayIndex < 0)
+        m_displayIndex = count - 1;
+    else if (direction > 0 && m_displayIndex >= count)
+        m_displayIndex = 0;
+    showCurrentValue();
+    reportChange();
+    return true;
+}
+
+void WidgetListItem::reportChange()
+{
+    const QPointer<WidgetListItem> row(this);
+    emit doChange();
+    if (row)
+        playSound(ClickSound);
+}
