@@ -1,0 +1,76 @@
+#include "rowtable.h"
+
+#include "widgetdetails.h"
+
+#include <QCoreApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+RowTable::RowTable(int rows, QWidget *parent)
+    : QTableWidget(rows, 1, parent)
+{
+}
+
+void RowTable::setRowWidget(int row, QWidget *widget)
+{
+    // A table deletes a widget that is put again into its own cell (Qt 4) or leaves its old one.
+    if (cellWidget(row, 0) == widget)
+        return;
+    if (widget->parentWidget() == viewport()) {
+        for (int other = 0; other < rowCount(); ++other) {
+            if (cellWidget(other, 0) == widget)
+                removeCellWidget(other, 0);
+        }
+        QCoreApplication::removePostedEvents(widget, QEvent::DeferredDelete);
+    }
+
+    // The table shows at once what it is given. A widget that seems to be shown already is spared that.
+    widget->setParent(viewport());
+    markShown(widget);
+    setCellWidget(row, 0, widget);
+    widget->hide();
+    updateEditorGeometries();
+}
+
+void RowTable::keyPressEvent(QKeyEvent *event)
+{
+    event->ignore();
+}
+
+void RowTable::keyReleaseEvent(QKeyEvent *event)
+{
+    event->ignore();
+}
+
+void RowTable::scrollContentsBy(int, int)
+{
+    verticalHeader()->setOffsetToSectionPosition(verticalScrollBar()->value());
+    viewport()->update();
+    updateEditorGeometries();
+}
+
+void RowTable::updateEditorGeometries()
+{
+    if (!isVisible())
+        return;
+
+    QList<QPointer<QWidget> > leaving = m_inView;
+    m_inView.clear();
+    const int bottom = viewport()->height();
+    for (int row = rowAt(0); row >= 0 && row < rowCount() && rowViewportPosition(row) < bottom; ++row) {
+        QWidget *widget = cellWidget(row, 0);
+        if (!widget || isRowHidden(row))
+            continue;
+        widget->setGeometry(columnViewportPosition(0), rowViewportPosition(row), columnWidth(0), rowHeight(row));
+        widget->show();
+        m_inView.append(widget);
+        leaving.removeAll(widget);
+    }
+
+    // Hiding a row that leaves would take the focus from it and have it laid out anew when it comes back.
+    for (int i = 0; i < leaving.size(); ++i) {
+        if (leaving.at(i))
+            leaving.at(i)->move(0, -leaving.at(i)->height());
+    }
+}

@@ -1,0 +1,32 @@
+#ifndef ROWTABLE_H
+#define ROWTABLE_H
+
+#include <QList>
+#include <QPointer>
+#include <QTableWidget>
+
+/// The table of a WidgetList: one column whose cells are widgets.
+///
+/// A plain table shows all of its row widgets, seen or not, and moves them all at every scroll. This one shows a row
+/// when it first comes into view and moves only rows that come into view or leave it. It also leaves all keys to the
+/// list, where a plain table would swallow digits for its search.
+class RowTable : public QTableWidget
+{
+public:
+    RowTable(int rows, QWidget *parent);
+
+    /// Puts \a widget into \a row and keeps it hidden until the row is in view. The table owns it from now on; the widget
+    /// that was in the row before is deleted later. A widget that stands in another row is moved here.
+    void setRowWidget(int row, QWidget *widget);
+
+protected:
+    virtual void keyPressEvent(QKeyEvent *event);
+    virtual void keyReleaseEvent(QKeyEvent *event);
+    virtual void scrollContentsBy(int dx, int dy);
+    virtual void updateEditorGeometries();
+
+private:
+    QList<QPointer<QWidget> > m_inView;
+};
+
+#endif

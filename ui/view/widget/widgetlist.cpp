@@ -1,0 +1,441 @@
+#include "widgetlist.h"
+
+#include "platform/logging.h"
+#include "platform/soundmanager.h"
+#include "rowtable.h"
+#include "widgetdetails.h"
+#include "widgetlistitem.h"
+#include "widgetmenutitle.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+namespace {
+
+const char SourcePath[] = "ui/view/widget/widgetlist.cpp";
+
+const char TableSheet[] =
+    "QTableWidget {background-color: #F8F7F6;alternate-background-color: #F8F7F6;color: #594B4F;}"
+    "QTableWidget::item:selected {background-color: #F7CE86;color: #1F1618;border: 0px;}"
+    "QTableWidget::item:focus {background-color: #F7CE86;color: #1F1618;}";
+const char NoFocusTableSheet[] =
+    "QTableWidget {selection-background-color: transparent;alternate-background-color: #F8F7F6;}";
+const char ScrollBarSheet[] =
+    "QScrollBar:vertical {background: #594b4f;width: 4px;margin: 0 0 0 0;}"
+    "QScrollBar::handle:vertical {background: #343232;min-height: 5px;}"
+    "QScrollBar:add-line:vertical {width: 0px;height: 0px;}"
+    "QScrollBar:sub-line:vertical {width: 0px;height: 0px;}"
+    "QScrollBar:add-page:vertical {background: #a8a1a2;}"
+    "QScrollBar:sub-page:vertical {background: #a8a1a2;}";
+
+const QRect TableRect(0, 38, 220, 138);
+
+}
+
+WidgetList::WidgetList(int rowCount, QWidget *parent, SoundManager *soundManager)
+    : Widget(parent, soundManager),
+      m_selectedRow(-1),
+      m_rowCount(qMax(rowCount, 0)),
+      m_itemCount(0),
+      m_noFocus(false),
+      m_stopAtEnds(false),
+      m_noFocusRows(0),
+      m_pageUpContinued(false),
+      m_pageDownContinued(false),
+      m_upLongPressed(false),
+      m_upRepeatCount(0),
+      m_longPressRepeats(10),
+      m_downLongPressed(false),
+      m_downRepeatCount(0)
+{
+    m_menuTitle = new WidgetMenuTitle(this, 0);
+
+    m_table = new RowTable(m_rowCount, this);
+    m_table->setFocusPolicy(Qt::NoFocus);
+    m_table->setFrameShape(QFrame::NoFrame);
+    m_table->setShowGrid(false);
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->horizontalHeader()->setVisible(false);
+    m_table->verticalHeader()->setVisible(false);
+    m_table->setGeometry(TableRect);
+    m_table->setColumnWidth(0, TableRect.width());
+    m_table->setAlternatingRowColors(true);
+    m_table->selectRow(0);
+    m_table->setStyleSheet(QLatin1String(TableSheet) + QLatin1String(ScrollBarSheet));
+}
+
+void WidgetList::setRowCount(int n)
+{
+    if (n < 0) {
+        rejectIndex(SourcePath, "setRowCount", n);
+        return;
+    }
+    for (int row = n; row < m_rowCount; ++row)
+        forgetShortcuts(m_table->cellWidget(row, 0));
+    m_selectedRow = -1;
+    m_itemCount = 0;
+    m_table->setRowCount(n);
+    m_table->setColumnCount(1);
+    m_rowCount = n;
+}
+
+void WidgetList::setRowHeight(int h)
+{
+    for (int row = 0; row < m_rowCount; ++row)
+        m_table->setRowHeight(row, qMax(h, 0));
+}
+
+void WidgetList::setTitle(QString text, bool defaultFont)
+{
+    if (defaultFont)
+        setDefaultFont();
+    m_menuTitle->setTitle(text);
+}
+
+void WidgetList::setDefaultFont()
+{
+    m_menuTitle->setFontStyle(WidgetMenuTitle::ItemTitle, 14, false,
+                              QLatin1String("color: rgba(255,255,255,255);"));
+}
+
+void WidgetList::setTitleIcon(QString style)
+{
+    m_menuTitle->setItemStyle(WidgetMenuTitle::ItemIcon, style);
+}
+
+void WidgetList::addGuide(QString style, QRect rect)
+{
+    m_menuTitle->setItemGeometry(WidgetMenuTitle::ItemInfo, rect.x(), rect.y(), rect.width(), rect.height());
+    m_menuTitle->setItemStyle(WidgetMenuTitle::ItemInfo, style);
+}
+
+void WidgetList::setNoFocusStyle(int rowsPerPage)
+{
+    m_noFocusRows = qMax(rowsPerPage, 0);
+    applyStyleSheet(m_table, QLatin1String(NoFocusTableSheet) + QLatin1String(ScrollBarSheet));
+    m_table->setSelectionMode(QAbstractItemView::NoSelection);
+    if (m_noFocusRows != 0)
+        m_noFocus = true;
+    for (int row = 0; row < m_itemCount; ++row) {
+        if (WidgetListItem *item = itemAt(row))
+            item->m_marquee = false;
+    }
+}
+
+void WidgetList::addListItem(WidgetListItem *item, int shortcutKey)
+{
+    if (!item || m_itemCount >= m_rowCount) {
+        rejectIndex(SourcePath, "addListItem", m_itemCount);
+        return;
+    }
+    const int row = m_itemCount;
+    item->m_marquee = !m_noFocus;
+    m_table->setRowHeight(row, item->height());
+    if (m_table->cellWidget(row, 0) != item)
+        forgetShortcuts(m_table->cellWidget(row, 0));
+    m_table->setRowWidget(row, item);
+    connect(item, SIGNAL(finished()), this, SIGNAL(finished()), Qt::UniqueConnection);
+    ++m_itemCount;
+    if (shortcutKey != -1)
+        m_shortcuts.insert(shortcutKey, item);
+    if (isVisible() && !item->isVisible())
+        item->layOut();
+}
+
+void WidgetList::addListItem(WidgetListItem *item)
+{
+    addListItem(item, -1);
+}
+
+void WidgetList::removeAllItems()
+{
+    for (int row = 0; row < m_itemCount; ++row) {
+        forgetShortcuts(m_table->cellWidget(row, 0));
+        m_table->removeCellWidget(row, 0);
+    }
+    m_itemCount = 0;
+}
+
+void WidgetList::hideItem(int row)
+{
+    if (rejectsIndex(SourcePath, "hideItem", row, m_rowCount))
+        return;
+    m_table->hideRow(row);
+    if (QWidget *widget = m_table->cellWidget(row, 0))
+        widget->hide();
+}
+
+void WidgetList::showItem(int row)
+{
+    if (!rejectsIndex(SourcePath, "showItem", row, m_rowCount))
+        m_table->showRow(row);
+}
+
+void WidgetList::refreshItems()
+{
+    for (int row = 0; row < m_itemCount; ++row) {
+        if (WidgetListItem *item = itemAt(row))
+            item->refresh();
+    }
+}
+
+void WidgetList::backup()
+{
+    for (int row = 0; row < m_itemCount; ++row) {
+        if (WidgetListItem *item = itemAt(row))
+            item->backup();
+    }
+}
+
+bool WidgetList::isModified()
+{
+    for (int row = 0; row < m_itemCount; ++row) {
+        WidgetListItem *item = itemAt(row);
+        if (item && item->isModified())
+            return true;
+    }
+    return false;
+}
+
+void WidgetList::setFocusAtItem(int row)
+{
+    Logging::log(Logging::LogTrace, "[%s, %s] sel = %d", SourcePath, "setFocusAtItem", row);
+    if (row < 0 || row >= m_itemCount) {
+        Logging::log(Logging::LogError, "[%s, %d] Invalid %d", "setFocusAtItem", 249, row);
+        return;
+    }
+    moveTo(row);
+}
+
+int WidgetList::findPrevRow(int row)
+{
+    if (m_noFocusRows == 0) {
+        int candidate = row;
+        for (int step = 0; step < m_itemCount; ++step) {
+            --candidate;
+            if (candidate < 0 || candidate >= m_itemCount)
+                candidate = m_itemCount - 1;
+            if (!m_table->isRowHidden(candidate))
+                return candidate;
+        }
+        return row;
+    }
+
+    // The selected row is the one that is scrolled to: the first of its page on the way up, the last on the way down.
+    const qint64 page = m_noFocusRows;
+    const qint64 target = row - (m_pageUpContinued ? page : 2 * page - 1);
+    m_pageDownContinued = false;
+    m_pageUpContinued = target >= 0;
+    return m_pageUpContinued ? int(target) : 0;
+}
+
+int WidgetList::findNextRow(int row)
+{
+    if (m_noFocusRows == 0) {
+        int candidate = row;
+        for (int step = 0; step < m_itemCount; ++step) {
+            ++candidate;
+            if (candidate < 0 || candidate >= m_itemCount)
+                candidate = 0;
+            if (!m_table->isRowHidden(candidate))
+                return candidate;
+        }
+        return row;
+    }
+
+    const qint64 page = m_noFocusRows;
+    const qint64 target = row + (m_pageDownContinued ? page : 2 * page - 1);
+    m_pageUpContinued = false;
+    m_pageDownContinued = target < m_itemCount;
+    return m_pageDownContinued ? int(target) : m_itemCount - 1;
+}
+
+void WidgetList::setInitialFocus()
+{
+    Logging::log(Logging::LogTrace, "[%s,%s]", SourcePath, "setInitialFocus");
+    m_selectedRow = 0;
+    if (m_rowCount != 0 && m_itemCount != 0)
+        focusRow(0);
+}
+
+void WidgetList::setLastFocus()
+{
+    Logging::log(Logging::LogTrace, "[%s,%s]", SourcePath, "setLastFocus");
+    if (!rejectsIndex(SourcePath, "setLastFocus", m_selectedRow, m_rowCount))
+        focusRow(m_selectedRow);
+}
+
+void WidgetList::showEvent(QShowEvent *)
+{
+    // Rows out of view were not shown with the list, but backup() and isModified() compare what they display.
+    for (int row = 0; row < m_itemCount; ++row) {
+        WidgetListItem *item = itemAt(row);
+        if (item && !item->isVisible())
+            item->layOut();
+    }
+    if (m_selectedRow == -1)
+        setInitialFocus();
+    m_upLongPressed = false;
+    m_downLongPressed = false;
+    m_upRepeatCount = 0;
+    m_downRepeatCount = 0;
+}
+
+void WidgetList::hideEvent(QHideEvent *)
+{
+    Logging::log(Logging::LogTrace, "[%s, %d] m_selectedRow = %d", "hideEvent", 429, m_selectedRow);
+    m_selectedRow = -1;
+}
+
+void WidgetList::keyPressEvent(QKeyEvent *event)
+{
+    // Every other key stays accepted as well, unused: what happens, happens at its release.
+    const int key = event->key();
+    if (isUpKey(key)) {
+        event->accept();
+        if (holdsLongEnough(event, m_upLongPressed, m_upRepeatCount)) {
+            emit upKeyLongPressed();
+            Logging::log(Logging::LogTrace, "[%s, %d] upKeyLongPressed", "keyPressEvent", 276);
+        }
+    } else if (isDownKey(key)) {
+        event->accept();
+        if (holdsLongEnough(event, m_downLongPressed, m_downRepeatCount)) {
+            emit downKeyLongPressed();
+            Logging::log(Logging::LogTrace, "[%s, %d] downKeyLongPressed", "keyPressEvent", 295);
+        }
+    }
+}
+
+bool WidgetList::holdsLongEnough(QKeyEvent *event, bool &longPressed, int &repeatCount)
+{
+    // A fresh press leaves the count alone: repeats of several short presses add up.
+    if (!event->isAutoRepeat()) {
+        longPressed = false;
+        return false;
+    }
+    if (longPressed || ++repeatCount <= m_longPressRepeats)
+        return false;
+    longPressed = true;
+    repeatCount = 0;
+    // Long presses click also in a list that was given no sound service.
+    SoundManager::getInstance()->sndPlay(ClickSound);
+    return true;
+}
+
+void WidgetList::keyReleaseEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    if (isUpKey(key)) {
+        handleUpRelease(event);
+    } else if (isDownKey(key)) {
+        handleDownRelease(event);
+    } else if (isOKKey(key)) {
+        const QPointer<WidgetList> list(this);
+        emit doSave();
+        if (list)
+            click();
+    } else if (key >= Qt::Key_0 && key <= Qt::Key_9) {
+        handleDigitRelease(event);
+    } else if (key == Qt::Key_Escape) {
+        const QPointer<WidgetList> list(this);
+        emit finished();
+        if (list)
+            click();
+    } else {
+        event->ignore();
+    }
+}
+
+void WidgetList::handleUpRelease(QKeyEvent *event)
+{
+    if (m_itemCount < 1) {
+        event->ignore();
+        return;
+    }
+    if (m_upLongPressed) {
+        event->ignore();
+        emit upKeyReleased();
+        Logging::log(Logging::LogTrace, "[%s, %d] upKeyLongReleased", "keyReleaseEvent", 318);
+        return;
+    }
+    const QPointer<WidgetList> list(this);
+    const int row = findPrevRow(m_selectedRow);
+    if (!m_stopAtEnds || row < m_selectedRow)
+        moveTo(row);
+    else
+        emit reachedBegin();
+    if (list)
+        click();
+}
+
+void WidgetList::handleDownRelease(QKeyEvent *event)
+{
+    if (m_itemCount < 1) {
+        event->ignore();
+        return;
+    }
+    if (m_downLongPressed) {
+        event->ignore();
+        emit downKeyReleased();
+        Logging::log(Logging::LogTrace, "[%s, %d] downKeyLongReleased", "keyReleaseEvent", 349);
+        return;
+    }
+    const QPointer<WidgetList> list(this);
+    const int row = findNextRow(m_selectedRow);
+    if (!m_stopAtEnds || row > m_selectedRow)
+        moveTo(row);
+    else
+        emit reachedEnd();
+    if (list)
+        click();
+}
+
+void WidgetList::handleDigitRelease(QKeyEvent *event)
+{
+    WidgetListItem *item = m_shortcuts.value(event->key());
+    if (!item || item->m_noShortcut) {
+        event->ignore();
+        return;
+    }
+    Logging::log(Logging::LogTrace, "[%s, %d] Shortcut pressed", "keyReleaseEvent", 398);
+    const QPointer<WidgetList> list(this);
+    item->selectByShortcut();
+    if (list)
+        click();
+}
+
+WidgetListItem *WidgetList::itemAt(int row) const
+{
+    return qobject_cast<WidgetListItem *>(m_table->cellWidget(row, 0));
+}
+
+void WidgetList::focusRow(int row)
+{
+    m_table->selectRow(row);
+    if (QWidget *item = m_table->cellWidget(row, 0))
+        item->setFocus(Qt::OtherFocusReason);
+}
+
+void WidgetList::moveTo(int row)
+{
+    m_selectedRow = row;
+    focusRow(row);
+}
+
+void WidgetList::click()
+{
+    playSound(ClickSound);
+}
+
+void WidgetList::forgetShortcuts(QWidget *item)
+{
+    // The table deletes a row later, but its digit key must be dead at once.
+    QMap<int, QPointer<WidgetListItem> >::iterator it = m_shortcuts.begin();
+    while (it != m_shortcuts.end()) {
+        if (item && it.value().data() == item)
+            it = m_shortcuts.erase(it);
+        else
+            ++it;
+    }
+}
