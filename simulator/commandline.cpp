@@ -1,0 +1,201 @@
+#include "commandline.h"
+
+#include "screens.h"
+
+#include "platform/desktop/desktopclock.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+const int LargestZoom = 4;
+const int HelpIndent = 18;
+
+/// How an option is taken over: from \a value into the options. Returns what is wrong with it, or nothing.
+using Take = QString (*)(Options &options, const QString &value);
+
+struct Option
+{
+    const char *name;
+    const char *value;  // what to call its value; null for none
+    const char *help;
+    Take take;
+};
+
+QString takeScreen(Options &options, const QString &value)
+{
+    options.screen = value;
+    if (findScreen(value))
+        return QString();
+    QStringList names;
+    for (const Screen &screen : allScreens())
+        names += QString::fromLatin1(screen.name);
+    return QStringLiteral("There is no screen \"%1\". Screens are %2.").arg(value, names.join(QStringLiteral(", ")));
+}
+
+QString takeKeys(Options &options, const QString &value)
+{
+    QString error;
+    options.keys = parseScript(value, &error);
+    return error;
+}
+
+QString takeZoom(Options &options, const QString &value)
+{
+    options.zoom = value.toInt();
+    if (options.zoom >= 1 && options.zoom <= LargestZoom)
+        return QString();
+    return QStringLiteral("There is no zoom \"%1\". It goes from 1 to %2.").arg(value).arg(LargestZoom);
+}
+
+QString takeKeyMode(Options &options, const QString &value)
+{
+    if (value == QLatin1String("digits"))
+        options.keyMode = KeyMode::Digits;
+    else if (value == QLatin1String("functions"))
+        options.keyMode = KeyMode::Functions;
+    else
+        return QStringLiteral("There is no key mode \"%1\". Key modes are digits and functions.").arg(value);
+    return QString();
+}
+
+QString takeTime(Options &options, const QString &value)
+{
+    options.time = value;
+    // Only the platform knows what it takes for a time.
+    if (Desktop::setFixedLocalTime(value.toStdString()))
+        return QString();
+    return QStringLiteral("\"%1\" is no time. Write it as \"2026-03-07 13:05:09\".").arg(value);
+}
+
+QString takeLogLevel(Options &options, const QString &value)
+{
+    bool isNumber = false;
+    options.logLevel = value.toInt(&isNumber);
+    if (isNumber && options.logLevel >= 0)
+        return QString();
+    return QStringLiteral("There is no log level \"%1\". It is 2 for errors, 16 for traces too, 128 for everything, "
+                          "0 for nothing.").arg(value);
+}
+
+QString takeFile(QString &file, const QString &value)
+{
+    file = value;
+    return value.isEmpty() ? QStringLiteral("The name is empty.") : QString();
+}
+
+const Option optionTable[] = {
+    {"--list-screens", nullptr, "Print the names of the screens and what they show.",
+     [](Options &options, const QString &) { options.listScreens = true; return QString(); }},
+    {"--screen", "NAME", "Start with this screen instead of the first one.", takeScreen},
+    {"--keys", "KEYS", "Work these keys at the start, for instance \"8 8 6 OK\": 0 to 9, *, #,\n"
+                       "F1 to F4, OK, ESC; up, down, left and right in the key mode in force.\n"
+                       "8:long holds a key for 12 repeats, wait:250 waits for 250 milliseconds.", takeKeys},
+    {"--picture", "FILE", "Write a picture of the display to this PNG file, after the keys, and end.",
+     [](Options &options, const QString &value) { return takeFile(options.picture, value); }},
+    {"--tour", "DIR", "Write pictures of all screens and their main states to this directory,\n"
+                      "and end. The time is 2026-03-07 13:05:09 unless --time is given.",
+     [](Options &options, const QString &value) { return takeFile(options.tour, value); }},
+    {"--with-keys", nullptr, "Have the whole device in the pictures, not the display only.",
+     [](Options &options, const QString &) { options.withKeys = true; return QString(); }},
+    {"--zoom", "N", "Magnify 1 to 4 times: 2 in a window and 1 in pictures if not given.", takeZoom},
+    {"--key-mode", "MODE", "digits: 2, 8, 4 and 6 are up, down, left and right (as if not given).\n"
+                           "functions: F1, F2, F3 and F4 are.", takeKeyMode},
+    {"--right-to-left", nullptr, "Show the texts in Arabic.",
+     [](Options &options, const QString &) { options.rightToLeft = true; return QString(); }},
+    {"--time", "TIME", "Stop the local time at \"2026-03-07 13:05:09\".", takeTime},
+    {"--log-level", "N", "Show log lines up to this level: 2 errors, 16 traces too, 128 all,\n0 none.", takeLogLevel},
+    {"--help", nullptr, "Print this.",
+     [](Options &options, const QString &) { options.help = true; return QString(); }},
+};
+
+const Option *findOption(const QString &name)
+{
+    for (const Option &option : optionTable) {
+        if (name == QLatin1String(option.name))
+            return &option;
+    }
+    return nullptr;
+}
+
+/// How many letters have to be added, taken away or changed to make \a a of \a b.
+int distance(const QString &a, const QString &b)
+{
+    std::vector<int> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), 0);
+    for (int i = 0; i < int(a.size()); ++i) {
+        int diagonal = row[0]++;
+        for (int j = 0; j < int(b.size()); ++j) {
+            const int changed = diagonal + (a[i] == b[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+QString unknownOption(const QString &name)
+{
+    for (const Option &option : optionTable) {
+        const QString known = QString::fromLatin1(option.name);
+        if (distance(name, known) <= 3)
+            return QStringLiteral("There is no option \"%1\". Do you mean %2?").arg(name, known);
+    }
+    return QStringLiteral("There is no option \"%1\". --help shows all options.").arg(name);
+}
+
+QString takeArgument(Options &options, const QString &argument, QStringList &rest)
+{
+    const QString name = argument == QLatin1String("-h") ? QStringLiteral("--help")
+                                                         : argument.section(QLatin1Char('='), 0, 0);
+    const Option *option = findOption(name);
+    if (!option)
+        return unknownOption(name);
+
+    const bool hasValue = argument.contains(QLatin1Char('='));
+    if (!option->value) {
+        return hasValue ? QStringLiteral("%1 takes no value. Write %1 alone.").arg(name)
+                        : option->take(options, QString());
+    }
+    if (!hasValue && rest.isEmpty())
+        return QStringLiteral("%1 needs a value. Write %1 %2.").arg(name, QLatin1String(option->value));
+    const QString value = hasValue ? argument.section(QLatin1Char('='), 1) : rest.takeFirst();
+    const QString error = option->take(options, value);
+    return error.isEmpty() ? QString() : name + QStringLiteral(": ") + error;
+}
+
+}
+
+Options parseCommandLine(const QStringList &arguments, QString *error)
+{
+    error->clear();
+    Options options;
+    options.screen = QString::fromLatin1(allScreens().front().name);
+    QStringList rest = arguments;
+    while (!rest.isEmpty() && error->isEmpty())
+        *error = takeArgument(options, rest.takeFirst(), rest);
+    if (error->isEmpty() && !options.picture.isEmpty() && !options.tour.isEmpty())
+        *error = QStringLiteral("--picture and --tour do not go together. Give one of them.");
+    return options;
+}
+
+QString helpText()
+{
+    QString help = QStringLiteral("The device on a PC: its display, and its keys to click or to type.\n\n"
+                                  "Usage: simulator [OPTION]...\n\n");
+    const QString newLine = QLatin1Char('\n') + QString(HelpIndent + 3, QLatin1Char(' '));
+    for (const Option &option : optionTable) {
+        QString name = QString::fromLatin1(option.name);
+        if (option.value)
+            name += QLatin1Char(' ') + QString::fromLatin1(option.value);
+        const QStringList lines = QString::fromLatin1(option.help).split(QLatin1Char('\n'));
+        help += QStringLiteral("  %1 %2\n").arg(name, -HelpIndent).arg(lines.join(newLine));
+    }
+    help += QStringLiteral(
+        "\nOn the PC's keyboard: digits, *, #, F1 to F4, Return for OK, Esc, and the arrows for up,\n"
+        "down, left and right. Pictures need no display. Without one and without --picture or --tour,\n"
+        "the tour goes to the directory \"pictures\".\n"
+        "The exit status is 0, 1 if a picture could not be written, or 2 if an option was wrong.\n");
+    return help;
+}

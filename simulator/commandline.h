@@ -1,0 +1,34 @@
+#ifndef COMMANDLINE_H
+#define COMMANDLINE_H
+
+#include "keys.h"
+#include "script.h"
+
+#include <QString>
+#include <QStringList>
+
+/// What the user asked for.
+struct Options
+{
+    bool help = false;
+    bool listScreens = false;
+    QString screen;  ///< a name in allScreens()
+    Script keys;
+    QString picture;  ///< a file to write the picture to; empty for none
+    QString tour;     ///< a directory to write the pictures of all screens to; empty for none
+    bool withKeys = false;
+    int zoom = 0;  ///< 1 to 4; 0 if not given
+    KeyMode keyMode = KeyMode::Digits;
+    bool rightToLeft = false;
+    QString time;       ///< what the local time has been stopped at; empty if it runs
+    int logLevel = -1;  ///< -1 if not given
+};
+
+/// Reads \a arguments, without the program's name. What is wrong and what would be right goes into \a error, which
+/// stays empty if all is well.
+Options parseCommandLine(const QStringList &arguments, QString *error);
+
+/// What --help shows.
+QString helpText();
+
+#endif

@@ -1,0 +1,152 @@
+#include "device.h"
+
+#include "message.h"
+#include "screens.h"
+#include "texts.h"
+#include "widget.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QKeyEvent>
+
+Device::Device(KeyMode keyMode, QWidget *parent)
+    : QWidget(parent),
+      m_keyMode(keyMode),
+      m_message(new Message(this))
+{
+    setFixedSize(Width, Height);
+    setAutoFillBackground(true);
+}
+
+void Device::open(const QString &name)
+{
+    const Screen *screen = findScreen(name);
+    if (!screen) {
+        showMessage(text("There is no such screen"));
+        return;
+    }
+    if (!m_screens.empty())
+        m_screens.back().lastFocus = focusWidget();
+
+    QWidget *widget = screen->create(*this);
+    widget->setGeometry(0, 0, Width, Height);
+    widget->setAutoFillBackground(true);
+    m_screens.push_back({widget, nullptr});
+    setKeyModeOfWidgets();
+    widget->show();
+    if (!widget->isAncestorOf(focusWidget()))
+        widget->setFocus();
+    m_message->raise();
+}
+
+void Device::back()
+{
+    if (m_screens.size() < 2) {
+        showMessage(text("This is the first screen"));
+        return;
+    }
+    closeTop();
+    const OpenScreen &top = m_screens.back();
+    if (top.lastFocus)
+        top.lastFocus->setFocus();
+    else
+        top.widget->setFocus();
+}
+
+void Device::start(const QString &name)
+{
+    while (!m_screens.empty())
+        closeTop();
+    forgetKeys();
+    m_message->hide();
+    open(name);
+}
+
+void Device::showMessage(const QString &text)
+{
+    m_message->showText(text);
+}
+
+void Device::press(int key)
+{
+    if (m_keysDown.contains(key))
+        return;
+    m_keysDown.insert(key);
+    emit keyMoved(key, true);
+    m_message->hide();
+    send(QEvent::KeyPress, key, false);
+}
+
+void Device::repeat(int key)
+{
+    if (m_keysDown.contains(key))
+        send(QEvent::KeyPress, key, true);
+}
+
+void Device::release(int key)
+{
+    if (!m_keysDown.remove(key))
+        return;
+    emit keyMoved(key, false);
+    send(QEvent::KeyRelease, key, false);
+}
+
+void Device::forgetKeys()
+{
+    const QSet<int> keys = m_keysDown;
+    m_keysDown.clear();
+    for (int key : keys)
+        emit keyMoved(key, false);
+}
+
+QImage Device::picture(int zoom)
+{
+    QImage image(size(), QImage::Format_RGB32);
+    render(&image);
+    return image.scaled(size() * zoom);
+}
+
+void Device::keyPressEvent(QKeyEvent *)
+{
+}
+
+void Device::keyReleaseEvent(QKeyEvent *event)
+{
+    // Keys that the screen does not use end here.
+    if (event->key() == Qt::Key_Escape)
+        back();
+}
+
+void Device::closeTop()
+{
+    QWidget *widget = m_screens.back().widget;
+    m_screens.pop_back();
+    widget->hide();
+    widget->deleteLater();
+}
+
+void Device::send(QEvent::Type type, int key, bool isRepeat)
+{
+    // The PC may have given the keyboard to another window; the device knows no other windows.
+    if (!isActiveWindow())
+        QApplication::setActiveWindow(window());
+    setKeyModeOfWidgets();
+    QKeyEvent event(type, key, Qt::NoModifier, keyText(key), isRepeat);
+    QApplication::sendEvent(keyReceiver(), &event);
+}
+
+QWidget *Device::keyReceiver()
+{
+    QWidget *focused = QApplication::focusWidget();
+    if (focused && isAncestorOf(focused))
+        return focused;
+    return m_screens.empty() ? this : m_screens.back().widget;
+}
+
+void Device::setKeyModeOfWidgets()
+{
+    // At every key anew: screens add rows whenever they like.
+    const QList<Widget *> widgets = findChildren<Widget *>();
+    for (Widget *widget : widgets)
+        widget->m_useFunctionKeys = m_keyMode == KeyMode::Functions;
+}

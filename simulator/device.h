@@ -1,0 +1,84 @@
+#ifndef DEVICE_H
+#define DEVICE_H
+
+#include "keys.h"
+
+#include <QEvent>
+#include <QPointer>
+#include <QSet>
+#include <QWidget>
+
+#include <vector>
+
+class Message;
+
+/// The device: a display of 220 by 176 pixels on which screens stand on top of each other, and keys that reach the
+/// screen on top.
+class Device : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr int Width = 220;
+    static constexpr int Height = 176;
+
+    Device(KeyMode keyMode, QWidget *parent);
+
+    // For the screens.
+
+    /// Opens the screen \a name (see screens.h) on top of the others. Those stay as they are, in focus and rows.
+    void open(const QString &name);
+
+    /// Closes the screen on top and returns to the one below, at the row that had the focus. The first screen stays.
+    /// A screen may call this from anywhere: it is deleted later.
+    void back();
+
+    /// Closes all screens and starts with the screen \a name.
+    void start(const QString &name);
+
+    /// Shows a few words in place of the title bar, for two seconds or up to the next key.
+    void showMessage(const QString &text);
+
+    KeyMode keyMode() const { return m_keyMode; }
+
+    // For those who work the keys.
+
+    /// What a finger does to \a key, one of the device's own (see deviceKey()): a press, repeats while it stays down,
+    /// and one release, whoever is working the keys. Repeats and releases of a key that is not down are ignored.
+    void press(int key);
+    void repeat(int key);
+    void release(int key);
+
+    /// Forgets the keys that are down, without releases.
+    void forgetKeys();
+
+    /// The display as it is now, magnified \a zoom times.
+    QImage picture(int zoom);
+
+Q_SIGNALS:
+    /// A key has gone down or come up.
+    void keyMoved(int key, bool down);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+
+private:
+    struct OpenScreen
+    {
+        QWidget *widget;
+        QPointer<QWidget> lastFocus;
+    };
+
+    void closeTop();
+    void send(QEvent::Type type, int key, bool isRepeat);
+    QWidget *keyReceiver();
+    void setKeyModeOfWidgets();
+
+    KeyMode m_keyMode;
+    std::vector<OpenScreen> m_screens;
+    QSet<int> m_keysDown;
+    Message *m_message;
+};
+
+#endif

@@ -1,0 +1,57 @@
+#ifndef DEVICEWINDOW_H
+#define DEVICEWINDOW_H
+
+#include "device.h"
+#include "magnifier.h"
+
+#include <QList>
+#include <QTimer>
+#include <QWidget>
+
+class KeyButton;
+class QKeyEvent;
+
+/// The device as a person sees it: its body with the magnified display and the keys.
+///
+/// The PC's keyboard works the device's keys as long as the window has it.
+class DeviceWindow : public QWidget
+{
+public:
+    DeviceWindow(KeyMode keyMode, int zoom);
+
+    Device &device() { return m_device; }
+    int zoom() const { return m_zoom; }
+
+    /// Shows the window and makes it the active one, so that the focus works, also where nothing activates windows.
+    void showActive();
+
+    /// The whole device as it is now.
+    QImage picture();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void placeDisplay();
+    void placeFunctionKeys();
+    void placeKeypad();
+    void addKey(int face, const QRect &rect);
+    void handlePress(int key, QKeyEvent *event);
+    void handleRelease(int key, QKeyEvent *event);
+    void releaseAtLast();
+
+    const int m_zoom;
+    Device m_device;
+    Magnifier m_magnifier;
+    QList<KeyButton *> m_keys;
+    QTimer m_releaseTimer;
+    int m_releasedKey = 0;
+    quint64 m_releaseTime = 0;
+    QRect m_bezel;
+    QRect m_functionKeys;
+    QRect m_keypad;
+};
+
+#endif

@@ -1,0 +1,40 @@
+#ifndef SCREENS_H
+#define SCREENS_H
+
+#include <QString>
+
+#include <vector>
+
+class Device;
+class QWidget;
+
+// To add a screen:
+// 1. Copy simulator/screens/soundscreen.cpp, which is a short one, to simulator/screens/<name>screen.cpp. It ends with
+//    the function that describes the screen.
+// 2. Name the file in simulator/CMakeLists.txt, and the function in the table of simulator/screens.cpp.
+// 3. Look at it: ./simulate --screen <name>
+
+/// A state of a screen that is worth a picture.
+struct ScreenState
+{
+    const char *name;          ///< part of the picture's file name; empty for the screen as it opens
+    const char *keys;          ///< the key script (see script.h) that leads to the state
+    bool rightToLeft = false;  ///< whether the state is one of a language written from right to left
+};
+
+/// What the simulator knows of a screen.
+struct Screen
+{
+    const char *name;
+    const char *description;             ///< on one line
+    QWidget *(*create)(Device &device);  ///< builds the screen as a child of the device, which places and deletes it
+    std::vector<ScreenState> states;
+};
+
+/// All screens, the one to start with first.
+const std::vector<Screen> &allScreens();
+
+/// Null if there is no screen \a name.
+const Screen *findScreen(const QString &name);
+
+#endif

@@ -1,0 +1,254 @@
+// A settings menu with every kind of row.
+
+#include "device.h"
+#include "rows.h"
+#include "screens.h"
+#include "texts.h"
+
+#include "platform/soundmanager.h"
+#include "platform/stringrc.h"
+#include "platform/util.h"
+#include "widgetlist.h"
+#include "widgetlistitem.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <ctime>
+
+namespace {
+
+const int RowCount = 10;
+const int FavouriteRow = 7;
+const int ClickSound = 901;
+
+/// A value that is a widget: a bar of which \a level of ten parts are lit.
+class LevelBar : public QWidget
+{
+public:
+    explicit LevelBar(int level)
+        : m_level(level)
+    {
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        if (StringRC::getInstance()->m_rightToLeft) {
+            painter.translate(width(), 0);
+            painter.scale(-1, 1);
+        }
+        for (int i = 0; i < 10; ++i)
+            painter.fillRect(i * 14, 4, 11, 10, i < m_level ? QColor(0x1f, 0x16, 0x18) : QColor(0x59, 0x4b, 0x4f, 70));
+    }
+
+private:
+    const int m_level;
+};
+
+class SettingsScreen : public WidgetList
+{
+public:
+    explicit SettingsScreen(Device &device);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+
+private:
+    void addSound();
+    void addLanguage();
+    void addTrafficAnnouncements();
+    void addBrightness();
+    void addAlarmVolume();
+    void addClockSource();
+    void addFavourite();
+    void addSoftwareUpdate();
+    void addAbout();
+
+    void save();
+    void leave();
+    void checkForUpdate();
+    void deleteFavourite();
+
+    Device &m_device;
+    WidgetListItem *m_favourite = nullptr;
+    WidgetListItem *m_softwareUpdate = nullptr;
+};
+
+SettingsScreen::SettingsScreen(Device &device)
+    : WidgetList(RowCount, &device, SoundManager::getInstance()),
+      m_device(device)
+{
+    setTitleBar(this, text("Settings"), QStringLiteral("icon_settings.png"));
+    addSaveGuide(this);
+
+    addSound();
+    addLanguage();
+    addTrafficAnnouncements();
+    addBrightness();
+    addAlarmVolume();
+    addOneLineRow(this, text("Stations"), QStringLiteral("24"));
+    addClockSource();
+    addFavourite();
+    addSoftwareUpdate();
+    addAbout();
+
+    connect(this, &WidgetList::doSave, this, &SettingsScreen::save);
+    connect(this, &Widget::finished, this, &SettingsScreen::leave);
+    connect(this, &WidgetList::upKeyLongPressed, this, [this] { setFocusAtItem(0); });
+    connect(this, &WidgetList::downKeyLongPressed, this, [this] { setFocusAtItem(RowCount - 1); });
+}
+
+void SettingsScreen::addSound()
+{
+    WidgetListItem *row = addRow(this, text("Sound"), 1);
+    row->setMoreDepth(true);
+    row->m_enterOnOK = true;
+    connect(row, &WidgetListItem::doEnter, this, [this] { m_device.open(QStringLiteral("sound")); });
+}
+
+void SettingsScreen::addLanguage()
+{
+    WidgetListItem *row = addRow(this, text("Language"));
+    const char *const languages[] = {"English", "Deutsch", "Français", "Ελληνικά", "Русский", "العربية"};
+    for (const char *language : languages)
+        row->addValue(rowValue(QString::fromUtf8(language)));
+    row->selectByValue(rowValue(text("English")), false);
+}
+
+void SettingsScreen::addTrafficAnnouncements()
+{
+    WidgetListItem *row = addRow(this, text("Traffic announcements while travelling abroad"));
+    row->addValue(rowValue(text("Always")));
+    row->addValue(rowValue(text("Only on motorways")));
+    row->addValue(rowValue(text("Never")));
+}
+
+void SettingsScreen::addBrightness()
+{
+    WidgetListItem *row = addRow(this, text("Brightness"));
+    for (int level = 1; level <= 10; ++level)
+        row->addValue(new LevelBar(level));
+    row->setDisplayValueIndex(6);
+}
+
+void SettingsScreen::addAlarmVolume()
+{
+    WidgetListItem *row = addRow(this, text("Alarm volume"));
+    for (int volume = 0; volume <= 10; ++volume)
+        row->addValue(rowValue(QString::number(volume)));
+    row->setDisplayValueIndex(5);
+    // An alarm must be heard, but not feared.
+    row->setSelectableRange(3, 8);
+}
+
+void SettingsScreen::addClockSource()
+{
+    WidgetListItem *row = addRow(this, text("Clock source"));
+    row->addValue(rowValue(text("Radio signal")));
+    row->setModifiable(false);
+}
+
+void SettingsScreen::addFavourite()
+{
+    m_favourite = addRow(this, text("Favourite station"));
+    m_favourite->addValue(rowValue(QStringLiteral("89.4 MHz")));
+    m_favourite->setDeletable(true);
+}
+
+void SettingsScreen::addSoftwareUpdate()
+{
+    m_softwareUpdate = addRow(this, text("Software update"), 3);
+    m_softwareUpdate->setMoreDepth(true);
+    m_softwareUpdate->setDisplayValue(0, text("Never checked"), false);
+    m_softwareUpdate->m_ignoreModified = true;
+    m_softwareUpdate->m_enterOnOK = true;
+    connect(m_softwareUpdate, &WidgetListItem::doEnter, this, &SettingsScreen::checkForUpdate);
+}
+
+void SettingsScreen::addAbout()
+{
+    WidgetListItem *row = addRow(this, text("About this device"), 9);
+    row->setMoreDepth(true);
+    row->m_enterOnOK = true;
+    connect(row, &WidgetListItem::doEnter, this, [this] { m_device.open(QStringLiteral("info")); });
+}
+
+void SettingsScreen::showEvent(QShowEvent *event)
+{
+    WidgetList::showEvent(event);
+    backup();
+}
+
+void SettingsScreen::keyReleaseEvent(QKeyEvent *event)
+{
+    // The row has no other value to go to, so its left key comes here.
+    if (isLeftKey(event->key()) && m_favourite->hasFocus())
+        deleteFavourite();
+    else
+        WidgetList::keyReleaseEvent(event);
+}
+
+void SettingsScreen::save()
+{
+    m_device.showMessage(isModified() ? text("Saved") : text("Nothing to save"));
+    backup();
+}
+
+void SettingsScreen::leave()
+{
+    const bool lost = isModified();
+    m_device.back();
+    if (lost)
+        m_device.showMessage(text("Changes not saved"));
+}
+
+void SettingsScreen::checkForUpdate()
+{
+    const struct tm now = *Util::localtime(time(nullptr));
+    const QString hoursAndMinutes = QString::asprintf("%02d:%02d", now.tm_hour, now.tm_min);
+    m_softwareUpdate->setDisplayValue(0, text("Checked at %1").arg(hoursAndMinutes), false);
+    m_device.showMessage(text("Software is up to date"));
+}
+
+void SettingsScreen::deleteFavourite()
+{
+    hideItem(FavouriteRow);
+    setFocusAtItem(findNextRow(FavouriteRow));
+    playSound(ClickSound);
+    m_device.showMessage(text("Favourite deleted"));
+}
+
+}
+
+Screen settingsScreen()
+{
+    return {
+        "settings",
+        "A menu with every kind of row",
+        [](Device &device) -> QWidget * { return new SettingsScreen(device); },
+        {
+            {"", ""},
+            {"value-changed", "down right"},
+            {"long-title", "down down"},
+            {"long-title-scrolling", "down down wait:300"},
+            {"level", "down down down right right"},
+            {"range", "down down down down right"},
+            {"one-line", "down down down down down"},
+            {"not-modifiable", "down down down down down down right"},
+            {"deletable", "up up up"},
+            {"deleted", "up up up left"},
+            {"display-value", "up up right"},
+            {"digit", "3"},
+            {"saved", "down right OK"},
+            {"nothing-to-save", "down OK"},
+            {"last-row-by-holding-down", "down:long"},
+            {"right-to-left", "", true},
+            {"right-to-left-long-title", "down down", true},
+            {"right-to-left-level", "down down down down down", true},
+            {"right-to-left-last-rows", "up", true},
+        },
+    };
+}

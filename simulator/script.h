@@ -1,0 +1,31 @@
+#ifndef SCRIPT_H
+#define SCRIPT_H
+
+#include <QString>
+
+#include <vector>
+
+class Device;
+
+/// One step of a key script: a key, or a wait.
+struct ScriptStep
+{
+    int key = 0;           ///< see keyNamed(); 0 for a wait
+    int repeats = 0;       ///< how many auto-repeats come between press and release
+    int milliseconds = 0;  ///< how long a wait is
+};
+
+using Script = std::vector<ScriptStep>;
+
+/// Reads a script such as "8 8 6 OK 8:long wait:250": names of keys (see keyNamed()), each of which may be held for
+/// 12 auto-repeats by ":long", and waits in milliseconds. What is wrong and what would be right goes into \a error,
+/// which stays empty if all is well.
+Script parseScript(const QString &text, QString *error);
+
+/// Works the keys of \a device as \a script says, with \a pause milliseconds after each press, repeat and release.
+void play(const Script &script, Device &device, int pause);
+
+/// Lets the event loop run for \a milliseconds; with 0 until nothing is pending.
+void runFor(int milliseconds);
+
+#endif
