@@ -33,6 +33,21 @@ void RowTable::setRowWidget(int row, QWidget *widget)
     updateEditorGeometries();
 }
 
+void RowTable::reveal(int row)
+{
+    QWidget *widget = cellWidget(row, 0);
+    if (!widget || !widget->isHidden() || isRowHidden(row))
+        return;
+    park(widget);
+    showWithParent(widget);
+}
+
+void RowTable::park(QWidget *widget)
+{
+    // Out of sight wherever the table is scrolled to.
+    widget->move(0, -widget->height());
+}
+
 void RowTable::keyPressEvent(QKeyEvent *event)
 {
     event->ignore();
@@ -45,7 +60,11 @@ void RowTable::keyReleaseEvent(QKeyEvent *event)
 
 void RowTable::scrollContentsBy(int, int)
 {
-    verticalHeader()->setOffsetToSectionPosition(verticalScrollBar()->value());
+    // As the toolkit does it, up to moving the rows: at the end the last row stands at the bottom of the view.
+    if (verticalScrollBar()->value() == verticalScrollBar()->maximum())
+        verticalHeader()->setOffsetToLastSection();
+    else
+        verticalHeader()->setOffsetToSectionPosition(verticalScrollBar()->value());
     viewport()->update();
     updateEditorGeometries();
 }
@@ -71,6 +90,6 @@ void RowTable::updateEditorGeometries()
     // Hiding a row that leaves would take the focus from it and have it laid out anew when it comes back.
     for (int i = 0; i < leaving.size(); ++i) {
         if (leaving.at(i))
-            leaving.at(i)->move(0, -leaving.at(i)->height());
+            park(leaving.at(i));
     }
 }

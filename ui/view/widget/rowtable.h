@@ -19,6 +19,10 @@ public:
     /// that was in the row before is deleted later. A widget that stands in another row is moved here.
     void setRowWidget(int row, QWidget *widget);
 
+    /// Has the widget of \a row shown with the table, in view or not, unless the row is hidden. The toolkit hands the focus
+    /// only to a widget that is not hidden itself, also while the table is.
+    void reveal(int row);
+
 protected:
     virtual void keyPressEvent(QKeyEvent *event);
     virtual void keyReleaseEvent(QKeyEvent *event);
@@ -26,6 +30,8 @@ protected:
     virtual void updateEditorGeometries();
 
 private:
+    static void park(QWidget *widget);
+
     QList<QPointer<QWidget> > m_inView;
 };
 

@@ -139,8 +139,8 @@ void WidgetList::addListItem(WidgetListItem *item, int shortcutKey)
     ++m_itemCount;
     if (shortcutKey != -1)
         m_shortcuts.insert(shortcutKey, item);
-    if (isVisible() && !item->isVisible())
-        item->layOut();
+    if (isVisible())
+        refreshUnseen(row);
 }
 
 void WidgetList::addListItem(WidgetListItem *item)
@@ -162,8 +162,10 @@ void WidgetList::hideItem(int row)
     if (rejectsIndex(SourcePath, "hideItem", row, m_rowCount))
         return;
     m_table->hideRow(row);
-    if (QWidget *widget = m_table->cellWidget(row, 0))
-        widget->hide();
+    if (WidgetListItem *item = itemAt(row)) {
+        item->hide();
+        item->m_refreshedUnseen = false;
+    }
 }
 
 void WidgetList::showItem(int row)
@@ -268,14 +270,14 @@ void WidgetList::setLastFocus()
 
 void WidgetList::showEvent(QShowEvent *)
 {
-    // Rows out of view were not shown with the list, but backup() and isModified() compare what they display.
-    for (int row = 0; row < m_itemCount; ++row) {
-        WidgetListItem *item = itemAt(row);
-        if (item && !item->isVisible())
-            item->layOut();
-    }
+    for (int row = 0; row < m_itemCount; ++row)
+        refreshUnseen(row);
     if (m_selectedRow == -1)
         setInitialFocus();
+    // The toolkit may leave the focus on a row of a hidden list, but the row has just dressed as without it.
+    WidgetListItem *item = itemAt(m_selectedRow);
+    if (item && item->hasFocus())
+        item->dressFocused();
     m_upLongPressed = false;
     m_downLongPressed = false;
     m_upRepeatCount = 0;
@@ -286,6 +288,21 @@ void WidgetList::hideEvent(QHideEvent *)
 {
     Logging::log(Logging::LogTrace, "[%s, %d] m_selectedRow = %d", "hideEvent", 429, m_selectedRow);
     m_selectedRow = -1;
+    for (int row = 0; row < m_itemCount; ++row) {
+        if (WidgetListItem *item = itemAt(row))
+            item->m_refreshedUnseen = false;
+    }
+}
+
+void WidgetList::refreshUnseen(int row)
+{
+    // A row out of view is not shown with the list, but what it displays counts in backup() and isModified().
+    WidgetListItem *item = itemAt(row);
+    if (!item || item->isVisible() || m_table->isRowHidden(row))
+        return;
+    item->resize(m_table->columnWidth(0), m_table->rowHeight(row));
+    item->refresh();
+    item->m_refreshedUnseen = true;
 }
 
 void WidgetList::keyPressEvent(QKeyEvent *event)
@@ -413,6 +430,7 @@ WidgetListItem *WidgetList::itemAt(int row) const
 void WidgetList::focusRow(int row)
 {
     m_table->selectRow(row);
+    m_table->reveal(row);
     if (QWidget *item = m_table->cellWidget(row, 0))
         item->setFocus(Qt::OtherFocusReason);
 }

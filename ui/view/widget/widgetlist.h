@@ -24,7 +24,7 @@ class WidgetMenuTitle;
 /// In the no-focus style (setNoFocusStyle()) no row is highlighted and up and down turn pages instead.
 ///
 /// The list is made for 220 by 176 pixels: the title bar takes the upper 38, the rows the lower 138. Each show starts on
-/// row 0; hiding the list forgets the row. A row out of sight is laid out with the list, but stays hidden and costs
+/// row 0; hiding the list forgets the row. A row out of sight is refreshed with the list, but stays hidden and costs
 /// nothing more until it first comes into view.
 class WIDGET_EXPORT WidgetList : public Widget
 {
@@ -131,6 +131,7 @@ protected:
 
 private:
     WidgetListItem *itemAt(int row) const;
+    void refreshUnseen(int row);
     void focusRow(int row);
     void moveTo(int row);
     void click();

@@ -105,7 +105,8 @@ WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
       m_marquee(true),
       m_fittedTitle(new FittedText),
       m_fittedValue(new FittedText),
-      m_marqueeTimer(0)
+      m_marqueeTimer(0),
+      m_refreshedUnseen(false)
 {
     // The style engine keeps what it makes of each widget that it dresses, and the toolkit has it dress much that nobody
     // sees: every new widget at the next turn of the event loop, and, when something is shown, all of its descendants
@@ -354,7 +355,16 @@ void WidgetListItem::refresh()
     if (!m_values.isEmpty() && m_valueStack->count() > 0)
         Logging::log(Logging::LogError, "[%s, %d] This is not supported!!!!", "refresh", 326);
 
-    layOut();
+    showTitleOfKind();
+    layOutValue();
+    if (m_titleType != TitleNone)
+        layOutBadge();
+    layOutTitle();
+    if (m_valueOnRightSide)
+        updateValue();
+
+    setDefaultFont();
+    updateTitle();
 
     if (m_clearAfterRefresh && m_valueType != ValueWidget && !m_values.isEmpty()) {
         m_clearAfterRefresh = false;
@@ -366,13 +376,8 @@ void WidgetListItem::refresh()
     }
 }
 
-void WidgetListItem::layOut()
+void WidgetListItem::layOutTitle()
 {
-    showTitleOfKind();
-    layOutValue();
-    if (m_titleType != TitleNone)
-        layOutBadge();
-
     QRect labelRect = m_titleType == TitleText ? titleRect() : m_titleLabel->geometry();
     if (m_titleType == TitleText)
         applyStyleSheet(m_titleLabel, sheets().unfocusedTitle);
@@ -388,12 +393,8 @@ void WidgetListItem::layOut()
         m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         m_valueLabel->setGeometry(QRect(QPoint(width + 6, 0), QPoint(OneLineValueRight, OneLineBottom)));
         m_valueLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        updateValue();
     }
     m_titleLabel->setGeometry(labelRect);
-
-    setDefaultFont();
-    updateTitle();
 }
 
 void WidgetListItem::showTitleOfKind()
@@ -417,7 +418,7 @@ void WidgetListItem::layOutValue()
         return;
     }
 
-    // On one line layOut() places the label instead.
+    // On one line layOutTitle() places the label instead, beside the title.
     if (!m_valueOnRightSide) {
         const int right = m_moreDepth || m_valueStack->count() > 1 ? ValueRightOfArrows : ValueRight;
         m_valueLabel->setGeometry(QRect(QPoint(TextLeft, LowerLineTop), QPoint(right, bottom)));
@@ -506,7 +507,9 @@ void WidgetListItem::setDefaultFont()
 
 void WidgetListItem::showEvent(QShowEvent *)
 {
-    refresh();
+    if (!m_refreshedUnseen)
+        refresh();
+    m_refreshedUnseen = false;
 }
 
 bool WidgetListItem::event(QEvent *event)

@@ -196,7 +196,8 @@ private:
 
     FittedText *m_fittedTitle;
     FittedText *m_fittedValue;
-    int m_marqueeTimer;  // 0: the title does not scroll
+    int m_marqueeTimer;      // 0: the title does not scroll
+    bool m_refreshedUnseen;  // by its list, which shows the row when it comes into view
 
     bool hasValue() const;
     bool hasBadge() const;
@@ -204,10 +205,10 @@ private:
     QString currentText() const;
     void showCurrentValue();
 
-    void layOut();
     void showTitleOfKind();
     void layOutValue();
     void layOutBadge();
+    void layOutTitle();
     QRect titleRect() const;
     bool placeArrow(QLabel *arrow, bool wanted, const QString &sheet, int x);
 
