@@ -131,6 +131,7 @@ void WidgetList::addListItem(WidgetListItem *item, int shortcutKey)
     }
     const int row = m_itemCount;
     item->m_marquee = !m_noFocus;
+    item->m_refreshedUnseen = false;
     m_table->setRowHeight(row, item->height());
     if (m_table->cellWidget(row, 0) != item)
         forgetShortcuts(m_table->cellWidget(row, 0));
