@@ -547,34 +547,26 @@ bool WidgetListItem::eventFilter(QObject *watched, QEvent *event)
 
 void WidgetListItem::dressFocused()
 {
-    if (m_titleType == TitleText) {
-        applyStyleSheet(m_titleLabel, sheets().focusedText);
-        if (m_marquee && titleIsCut())
-            startMarquee();
-    } else if (m_titleType == TitleWidget) {
-        applyStyleSheet(m_titleStack, sheets().focusedText);
-    }
-
-    if (m_valueType == ValueWidget)
-        applyStyleSheet(m_valueStack, sheets().focusedText);
-    else if (hasValue())
-        applyStyleSheet(m_valueLabel, sheets().focusedText);
-
-    applyStyleSheet(m_serialNumLabel, sheets().focusedBadge);
-    applyStyleSheet(m_prevArrow, sheets().focusedPrevArrow);
-    applyStyleSheet(m_nextArrow, sheets().focusedNextArrow);
+    dress(true);
+    if (m_titleType == TitleText && m_marquee && titleIsCut())
+        startMarquee();
 }
 
 void WidgetListItem::dressUnfocused()
 {
-    if (m_titleType == TitleText) {
-        applyStyleSheet(m_titleLabel, sheets().unfocusedTitle);
-        const bool scrolled = stopMarquee();
-        if (m_marquee || scrolled)
-            updateTitle();
-    } else if (m_titleType == TitleWidget) {
-        applyStyleSheet(m_titleStack, sheets().unfocusedTitle);
-    }
+    dress(false);
+    const bool scrolled = stopMarquee();
+    if (scrolled || (m_titleType == TitleText && m_marquee))
+        updateTitle();
+}
+
+void WidgetListItem::dress(bool focused)
+{
+    const QString &title = focused ? sheets().focusedText : sheets().unfocusedTitle;
+    if (m_titleType == TitleText)
+        applyStyleSheet(m_titleLabel, title);
+    else if (m_titleType == TitleWidget)
+        applyStyleSheet(m_titleStack, title);
 
     // Only the title pales: values keep the dark colour with and without the focus.
     if (m_valueType == ValueWidget)
@@ -582,9 +574,9 @@ void WidgetListItem::dressUnfocused()
     else if (hasValue())
         applyStyleSheet(m_valueLabel, sheets().focusedText);
 
-    applyStyleSheet(m_serialNumLabel, sheets().unfocusedBadge);
-    applyStyleSheet(m_prevArrow, sheets().unfocusedPrevArrow);
-    applyStyleSheet(m_nextArrow, sheets().unfocusedNextArrow);
+    applyStyleSheet(m_serialNumLabel, focused ? sheets().focusedBadge : sheets().unfocusedBadge);
+    applyStyleSheet(m_prevArrow, focused ? sheets().focusedPrevArrow : sheets().unfocusedPrevArrow);
+    applyStyleSheet(m_nextArrow, focused ? sheets().focusedNextArrow : sheets().unfocusedNextArrow);
 }
 
 bool WidgetListItem::titleIsCut()

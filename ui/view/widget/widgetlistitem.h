@@ -214,6 +214,7 @@ private:
 
     void dressFocused();
     void dressUnfocused();
+    void dress(bool focused);
     bool titleIsCut();
     QString marqueeText() const;
     void startMarquee();
