@@ -1607,9 +1607,9 @@ void TestWidgetList::longPressIsReportedAtTheEleventhRepeat_data()
         for (bool up : {true, false}) {
             for (bool toTheRow : {true, false}) {
                 for (int policy : {int(Qt::NoFocus), int(Qt::StrongFocus)}) {
-                    const QString name = QString("%1, %2, to the %3, rows %4 focus by policy")
+                    const QString name = QString("%1, %2, to the %3, rows take %4 focus by policy")
                                              .arg(functionKeys ? "function keys" : "digits", up ? "up" : "down",
-                                                  toTheRow ? "row" : "list", policy == Qt::NoFocus ? "take no" : "take");
+                                                  toTheRow ? "row" : "list", policy == Qt::NoFocus ? "no" : "the");
                     QTest::newRow(qPrintable(name)) << functionKeys << up << toTheRow << policy;
                 }
             }

@@ -440,8 +440,8 @@ void TestWidgetListItemValues::insertValueOutsideThePagesIsIgnored()
     row.insertValue(index, &value);
     QCOMPARE(RowParts(row).valueStack->count(), 2);
     QVERIFY(!value.parentWidget());
-    QCOMPARE(RecordingPlatform::events(),
-             QStringList(QString("log:2:[ui/view/widget/widgetlistitem.cpp, insertValue] Invalid index %1").arg(index)));
+    const QString line = QStringLiteral("log:2:[ui/view/widget/widgetlistitem.cpp, insertValue] Invalid index %1");
+    QCOMPARE(RecordingPlatform::events(), QStringList(line.arg(index)));
 }
 
 void TestWidgetListItemValues::insertAndRemoveAreRejectedWithoutWidgetValues_data()
@@ -547,8 +547,8 @@ void TestWidgetListItemValues::removeValueOutsideThePagesIsIgnored()
     row.addValue(new QWidget);
     row.removeValue(index);
     QCOMPARE(RowParts(row).valueStack->count(), 2);
-    QCOMPARE(RecordingPlatform::events(),
-             QStringList(QString("log:2:[ui/view/widget/widgetlistitem.cpp, removeValue] Invalid index %1").arg(index)));
+    const QString line = QStringLiteral("log:2:[ui/view/widget/widgetlistitem.cpp, removeValue] Invalid index %1");
+    QCOMPARE(RecordingPlatform::events(), QStringList(line.arg(index)));
 }
 
 void TestWidgetListItemValues::removeAllValueKeepsPagesKindAndIndex()

@@ -29,6 +29,7 @@ private slots:
     void placesOnePart();
     void stylesOnePart_data();
     void stylesOnePart();
+    void faceStyledBeforeTheShowIsSeen();
     void emptySheetClearsWhatWasThere();
     void annotationOfAButtonWithoutOneIsRejected();
     void unknownItemIsRejected_data();
@@ -177,6 +178,15 @@ void TestWidgetSoftBtn::stylesOnePart()
     for (int i = 0; i < parts.size(); ++i)
         QCOMPARE(parts.at(i)->styleSheet(), expected.at(i));
     QCOMPARE(RecordingPlatform::events(), QStringList());
+}
+
+void TestWidgetSoftBtn::faceStyledBeforeTheShowIsSeen()
+{
+    WidgetSoftBtn button(false, nullptr, nullptr);
+    button.resize(60, 29);
+    button.setItemStyle(WidgetSoftBtn::ItemBackground, QStringLiteral("background-color: #102030"));
+    button.show();
+    QCOMPARE(button.grab().toImage().pixelColor(5, 5), QColor(0x10, 0x20, 0x30));
 }
 
 void TestWidgetSoftBtn::emptySheetClearsWhatWasThere()

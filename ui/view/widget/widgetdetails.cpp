@@ -59,14 +59,18 @@ QString FittedText::fit(const QString &text, const QFont &font, int width)
 
 void applyStyleSheet(QWidget *widget, const QString &sheet)
 {
-    if (widget->styleSheet() != sheet)
-        widget->setStyleSheet(sheet);
+    if (widget->styleSheet() == sheet)
+        return;
+    // Of a widget that was not dressed yet the toolkit would go on dressing the children for its old sheet.
+    if (!widget->styleSheet().isEmpty() && !widget->children().isEmpty())
+        widget->ensurePolished();
+    widget->setStyleSheet(sheet);
 }
 
 void applyStyleSheet(QWidget *widget, const char *sheet)
 {
     if (widget->styleSheet() != QLatin1String(sheet))
-        widget->setStyleSheet(QString::fromLatin1(sheet));
+        applyStyleSheet(widget, QString::fromLatin1(sheet));
 }
 
 void applyFont(QWidget *widget, const QFont &font)
