@@ -24,6 +24,7 @@ struct Record
     QList<unsigned long> delays;
     QStringList events;
     bool sleeping = true;
+    std::function<void(const QString &)> watchdogHook;
     std::function<void(unsigned long)> delayHook;
     std::function<struct tm *(long)> localTimeFunction;
     bool timeFixed = false;
@@ -39,18 +40,33 @@ std::mutex s_mutex;
 
 Record &record()
 {
-    static Record instance;
-    return instance;
+    // Never destroyed: at the exit of the program the thread sanitizer cannot tell that the update threads are over.
+    static Record *instance = new Record;
+    return *instance;
+}
+
+/// A list that shares nothing with the one that other threads go on writing to.
+template <typename List>
+List copyOf(List list)
+{
+    list.detach();
+    return list;
 }
 
 using Lock = std::lock_guard<std::mutex>;
 
 void recordWatchdog(const char *operation, const std::string &name)
 {
-    const Lock lock(s_mutex);
-    const QString text = QString::fromStdString(name);
-    record().watchdogCalls.append({QLatin1String(operation), text});
-    record().events.append(QLatin1String("watchdog:") + QLatin1String(operation) + QLatin1Char(':') + text);
+    std::function<void(const QString &)> hook;
+    {
+        const Lock lock(s_mutex);
+        const QString text = QString::fromStdString(name);
+        record().watchdogCalls.append({QLatin1String(operation), text});
+        record().events.append(QLatin1String("watchdog:") + QLatin1String(operation) + QLatin1Char(':') + text);
+        hook = record().watchdogHook;
+    }
+    if (hook)
+        hook(QLatin1String(operation));
 }
 
 }
@@ -67,7 +83,7 @@ void reset()
 QList<LogLine> logLines()
 {
     const Lock lock(s_mutex);
-    return record().logLines;
+    return copyOf(record().logLines);
 }
 
 QStringList logTexts(int level)
@@ -89,7 +105,7 @@ void clearLog()
 QList<int> sounds()
 {
     const Lock lock(s_mutex);
-    return record().sounds;
+    return copyOf(record().sounds);
 }
 
 void clearSounds()
@@ -106,19 +122,25 @@ void setRightToLeft(bool rightToLeft)
 QList<WatchdogCall> watchdogCalls()
 {
     const Lock lock(s_mutex);
-    return record().watchdogCalls;
+    return copyOf(record().watchdogCalls);
 }
 
 QList<unsigned long> delays()
 {
     const Lock lock(s_mutex);
-    return record().delays;
+    return copyOf(record().delays);
 }
 
 void setSleeping(bool sleeping)
 {
     const Lock lock(s_mutex);
     record().sleeping = sleeping;
+}
+
+void setWatchdogHook(std::function<void(const QString &)> hook)
+{
+    const Lock lock(s_mutex);
+    record().watchdogHook = hook;
 }
 
 void setDelayHook(std::function<void(unsigned long)> hook)
@@ -179,7 +201,7 @@ int setTimeCalls()
 QStringList events()
 {
     const Lock lock(s_mutex);
-    return record().events;
+    return copyOf(record().events);
 }
 
 void addEvent(const QString &event)

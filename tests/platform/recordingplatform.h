@@ -38,6 +38,8 @@ void clearSounds();
 void setRightToLeft(bool rightToLeft);
 
 QList<WatchdogCall> watchdogCalls();
+/// Every call of the watchdog calls \a hook with its operation, in the same thread, after it was recorded.
+void setWatchdogHook(std::function<void(const QString &)> hook);
 /// The milliseconds of each Util::delayMs() call, oldest first. Calls really sleep unless setSleeping(false).
 QList<unsigned long> delays();
 void setSleeping(bool sleeping);

@@ -61,8 +61,8 @@ void markShown(QWidget *widget);
 /// The local time now, as a copy that no other thread writes to. May be called in any thread.
 struct tm localTime();
 
-/// Has \a thread end by setting \a stop, and returns when it has. It must clear \a stop at its end; a thread that does not
-/// run never does, and the call does not return.
+/// Has \a thread end by setting \a stop, and returns when it has. It must clear \a stop at its end; a thread that does
+/// not run never does, and the call does not return.
 void stopThread(QThread *thread, ThreadShared<bool> *stop);
 
 /// Log lines for calls that a widget rejects.
