@@ -25,17 +25,20 @@ void Device::open(const QString &name)
         showMessage(text("There is no such screen"));
         return;
     }
+    push(screen->create(*this));
+}
+
+void Device::push(QWidget *screen)
+{
     if (!m_screens.empty())
         m_screens.back().lastFocus = focusWidget();
-
-    QWidget *widget = screen->create(*this);
-    widget->setGeometry(0, 0, Width, Height);
-    widget->setAutoFillBackground(true);
-    m_screens.push_back({widget, nullptr});
+    screen->setGeometry(0, 0, Width, Height);
+    screen->setAutoFillBackground(true);
+    m_screens.push_back({screen, nullptr});
     setKeyModeOfWidgets();
-    widget->show();
-    if (!widget->isAncestorOf(focusWidget()))
-        widget->setFocus();
+    screen->show();
+    if (!screen->isAncestorOf(focusWidget()))
+        screen->setFocus();
     m_message->raise();
 }
 

@@ -29,6 +29,10 @@ public:
     /// Opens the screen \a name (see screens.h) on top of the others. Those stay as they are, in focus and rows.
     void open(const QString &name);
 
+    /// Opens \a screen, a child of the device, in the same way: one that needs to be told something, or has something
+    /// to tell.
+    void push(QWidget *screen);
+
     /// Closes the screen on top and returns to the one below, at the row that had the focus. The first screen stays.
     /// A screen may call this from anywhere: it is deleted later.
     void back();

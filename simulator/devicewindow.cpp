@@ -130,7 +130,7 @@ bool DeviceWindow::eventFilter(QObject *, QEvent *event)
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
         return false;
     QKeyEvent *keyEvent = static_cast<QKeyEvent *>(event);
-    const int key = deviceKey(keyEvent->key(), m_device.keyMode());
+    const int key = keyOf(keyEvent);
     if (key == Qt::Key_unknown)
         return true;
     if (event->type() == QEvent::KeyPress)
@@ -138,6 +138,17 @@ bool DeviceWindow::eventFilter(QObject *, QEvent *event)
     else
         handleRelease(key, keyEvent);
     return true;
+}
+
+int DeviceWindow::keyOf(QKeyEvent *event)
+{
+    const quint32 scanCode = event->nativeScanCode();
+    const int key = deviceKey(event->key(), m_device.keyMode());
+    // Who lets go of Shift first has pressed # and now releases 3.
+    if (event->type() == QEvent::KeyRelease || event->isAutoRepeat())
+        return m_keyOfScanCode.value(scanCode, key);
+    m_keyOfScanCode.insert(scanCode, key);
+    return key;
 }
 
 // X11 reports a release together with each repeat, which the toolkit mostly, but not always, marks as belonging to it.

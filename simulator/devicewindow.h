@@ -4,6 +4,7 @@
 #include "device.h"
 #include "magnifier.h"
 
+#include <QHash>
 #include <QList>
 #include <QTimer>
 #include <QWidget>
@@ -38,6 +39,7 @@ private:
     void placeFunctionKeys();
     void placeKeypad();
     void addKey(int face, const QRect &rect);
+    int keyOf(QKeyEvent *event);
     void handlePress(int key, QKeyEvent *event);
     void handleRelease(int key, QKeyEvent *event);
     void releaseAtLast();
@@ -52,6 +54,7 @@ private:
     QRect m_bezel;
     QRect m_functionKeys;
     QRect m_keypad;
+    QHash<quint32, int> m_keyOfScanCode;  // which key of the device each key of the PC was when it went down
 };
 
 #endif

@@ -1,15 +1,35 @@
 #include "screens.h"
 
+Screen choiceScreen();
+Screen clockScreen();
+Screen homeScreen();
 Screen infoScreen();
+Screen memoryScreen();
+Screen moreScreen();
+Screen notesScreen();
+Screen passwordScreen();
+Screen radioScreen();
+Screen readerScreen();
 Screen settingsScreen();
 Screen soundScreen();
+Screen textScreen();
 
 const std::vector<Screen> &allScreens()
 {
     static const std::vector<Screen> screens = {
+        homeScreen(),
+        radioScreen(),
+        choiceScreen(),
         settingsScreen(),
         soundScreen(),
+        clockScreen(),
         infoScreen(),
+        textScreen(),
+        passwordScreen(),
+        notesScreen(),
+        moreScreen(),
+        readerScreen(),
+        memoryScreen(),
     };
     return screens;
 }

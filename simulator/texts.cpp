@@ -25,6 +25,64 @@ const Translation translations[] = {
     {"On", "تشغيل"},
     {"Off", "إيقاف"},
 
+    // Main menu
+    {"Radio", "الراديو"},
+    {"Route", "المسار"},
+    {"Message", "رسالة"},
+    {"More", "المزيد"},
+    {"User guide", "دليل المستخدم"},
+    {"Notes", "ملاحظات"},
+
+    // Radio
+    {"Radio North", "راديو الشمال"},
+    {"Evening concert from the old harbour, with the city orchestra",
+     "حفل مسائي من الميناء القديم مع أوركسترا المدينة وضيوفها"},
+    {"Local news at half past", "الأخبار المحلية عند النصف"},
+    {"Traffic radio", "راديو المرور"},
+    {"Campus", "راديو الجامعة"},
+    {"Fog on the A8", "ضباب على الطريق 8"},
+    {"A8 northbound: jam of 12 km after an accident", "الطريق 8 شمالًا: ازدحام لمسافة 12 كم بعد حادث"},
+    {"Announcements are off", "الإعلانات متوقفة"},
+    {"No announcements here", "لا إعلانات هنا"},
+
+    // Route
+    {"Fast", "الأسرع"},
+    {"Short", "الأقصر"},
+    {"Without motorways and ferries if possible", "بدون طرق سريعة أو عبّارات إن أمكن"},
+
+    // Memory
+    {"Memory (KB)", "الذاكرة (ك.ب)"},
+    {"Messages", "الرسائل"},
+    {"Maps", "الخرائط"},
+    {"Memory card", "بطاقة الذاكرة"},
+    {"Everything deleted", "تم حذف الكل"},
+
+    // User guide
+    {"Smaller", "أصغر"},
+    {"Larger", "أكبر"},
+    {"Back", "السابق"},
+    {"Welcome", "أهلًا وسهلًا"},
+    {"This device is worked by keys alone. The keys with arrows lead through menus, OK opens or saves, and ESC goes "
+     "back. Wherever you come back to, all is as you left it.",
+     "يُستخدم هذا الجهاز بالمفاتيح وحدها. تنقلك مفاتيح الأسهم في القوائم، ويفتح OK أو يحفظ، ويعود ESC إلى الوراء. "
+     "وحيثما عدت تجد كل شيء كما تركته."},
+    {"Main menu", "القائمة الرئيسية"},
+    {"Left and right turn the menu. On the keys 1, 3, 7 and 9 you can try what the status bar shows: reception, "
+     "phone, messages and battery.",
+     "يدير اليسار واليمين القائمة. وبالمفاتيح 1 و3 و7 و9 يمكنك تجربة ما يعرضه شريط الحالة: الاستقبال والهاتف "
+     "والرسائل والبطارية."},
+    {"Radio and traffic announcements", "الراديو وإعلانات حركة المرور على الطرق"},
+    {"Left and right choose one of six stations, up and down the volume, and OK switches traffic announcements on "
+     "and off. Key 5 lets one come in; it goes by itself, or with ESC.",
+     "يختار اليسار واليمين إحدى ست محطات، ويغيّر الأعلى والأسفل مستوى الصوت، ويشغّل OK إعلانات حركة المرور أو "
+     "يوقفها. ويُظهر المفتاح 5 إعلانًا يختفي وحده أو بالمفتاح ESC."},
+    {"Writing", "الكتابة"},
+    {"Press a key several times to come to its second and third letter. Wait for a moment before you write another "
+     "letter of the same key. The keys * and # lead to capitals and digits.",
+     "اضغط المفتاح عدة مرات للوصول إلى حرفه الثاني والثالث. وانتظر لحظة قبل كتابة حرف آخر من المفتاح نفسه. "
+     "ويقود المفتاحان * و# إلى الحروف الكبيرة والأرقام."},
+    {"Up and down choose a memory. Left frees some of it, right fills it again, and OK deletes all that is in it.",
+     "يختار الأعلى والأسفل ذاكرة. ويحرر اليسار جزءًا منها، ويملؤها اليمين من جديد، ويحذف OK كل ما فيها."},
     // Settings
     {"Settings", "الإعدادات"},
     {"Sound", "الصوت"},
@@ -69,6 +127,43 @@ const Translation translations[] = {
     {"Stations", "المحطات"},
     {"Supply", "التغذية"},
     {"Antenna", "الهوائي"},
+
+    // Clock
+    {"Watchdog", "المراقب"},
+    {"Clock", "الساعة"},
+    {"Date", "التاريخ"},
+    {"Chip", "شريحة"},
+    {"12 hours", "12 ساعة"},
+    {"24 hours", "24 ساعة"},
+    {"Seconds", "مع الثواني"},
+    {"No seconds", "بدون ثوانٍ"},
+    {"Day first", "اليوم أولًا"},
+    {"Month first", "الشهر أولًا"},
+    {"Clock chip works", "شريحة الساعة تعمل"},
+    {"Clock chip fails", "شريحة الساعة معطلة"},
+
+    // Text entry
+    {"Device name", "اسم الجهاز"},
+    {"Password", "كلمة المرور"},
+    {"Not set", "غير معيّن"},
+    {"New password", "كلمة مرور جديدة"},
+    {"Password set", "تم تعيين كلمة المرور"},
+    {"No password", "لا كلمة مرور"},
+    {"Your message", "رسالتك"},
+    {"Message sent", "تم إرسال الرسالة"},
+    {"Nothing to send", "لا شيء للإرسال"},
+
+    // Notes
+    {"Note %1 of %2", "ملاحظة %1 من %2"},
+    {"No notes", "لا ملاحظات"},
+    {"Note deleted", "تم حذف الملاحظة"},
+    {"Next", "التالي"},
+    {"Large", "كبير"},
+    {"Bread, milk, apples and coffee. A fuse for the radio, the red one.",
+     "خبز وحليب وتفاح وقهوة. وفيوز للراديو، الأحمر."},
+    {"The tunnel is closed until Sunday. Take the road along the coast.",
+     "النفق مغلق حتى الأحد. اسلك طريق الساحل."},
+    {"Anna's birthday! Call her before noon.", "عيد ميلاد آنا! اتصل بها قبل الظهر."},
 };
 
 // Spaces of fixed width, in pixels of the fonts of a row.

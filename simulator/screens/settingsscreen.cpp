@@ -3,6 +3,7 @@
 #include "device.h"
 #include "rows.h"
 #include "screens.h"
+#include "textentry.h"
 #include "texts.h"
 
 #include "platform/soundmanager.h"
@@ -18,8 +19,11 @@
 
 namespace {
 
-const int RowCount = 10;
-const int FavouriteRow = 7;
+const int RowCount = 12;
+const int DeviceNameRow = 7;
+const int PasswordRow = 8;
+const int FavouriteRow = 9;
+const int DeviceNameLength = 24;
 const int ClickSound = 901;
 
 /// A value that is a widget: a bar of which \a level of ten parts are lit.
@@ -63,18 +67,31 @@ private:
     void addBrightness();
     void addAlarmVolume();
     void addClockSource();
+    void addDeviceName();
+    void addPassword();
+    WidgetListItem *addEntryRow(const QString &title, int digit);
     void addFavourite();
     void addSoftwareUpdate();
     void addAbout();
 
     void save();
     void leave();
+    void enterDeviceName();
+    void setDeviceName(const QString &name);
+    void enterPassword();
+    void setPassword(const QString &password);
+    void openEntry(TextEntry *entry, int row);
+    void showEntry(WidgetListItem *row, const QString &entry);
     void checkForUpdate();
     void deleteFavourite();
 
     Device &m_device;
+    WidgetListItem *m_deviceNameRow = nullptr;
+    WidgetListItem *m_passwordRow = nullptr;
     WidgetListItem *m_favourite = nullptr;
     WidgetListItem *m_softwareUpdate = nullptr;
+    QString m_deviceName;
+    QString m_password;
 };
 
 SettingsScreen::SettingsScreen(Device &device)
@@ -91,6 +108,8 @@ SettingsScreen::SettingsScreen(Device &device)
     addAlarmVolume();
     addOneLineRow(this, text("Stations"), QStringLiteral("24"));
     addClockSource();
+    addDeviceName();
+    addPassword();
     addFavourite();
     addSoftwareUpdate();
     addAbout();
@@ -151,6 +170,29 @@ void SettingsScreen::addClockSource()
     row->setModifiable(false);
 }
 
+void SettingsScreen::addDeviceName()
+{
+    m_deviceNameRow = addEntryRow(text("Device name"), 5);
+    connect(m_deviceNameRow, &WidgetListItem::doEnter, this, &SettingsScreen::enterDeviceName);
+    setDeviceName(QStringLiteral("LW 220"));
+}
+
+void SettingsScreen::addPassword()
+{
+    m_passwordRow = addEntryRow(text("Password"), 7);
+    connect(m_passwordRow, &WidgetListItem::doEnter, this, &SettingsScreen::enterPassword);
+    setPassword(QString());
+}
+
+WidgetListItem *SettingsScreen::addEntryRow(const QString &title, int digit)
+{
+    WidgetListItem *row = addRow(this, title, digit);
+    row->setMoreDepth(true);
+    row->m_ignoreModified = true;
+    row->m_enterOnOK = true;
+    return row;
+}
+
 void SettingsScreen::addFavourite()
 {
     m_favourite = addRow(this, text("Favourite station"));
@@ -205,6 +247,49 @@ void SettingsScreen::leave()
         m_device.showMessage(text("Changes not saved"));
 }
 
+void SettingsScreen::enterDeviceName()
+{
+    TextEntry *entry = new TextEntry(m_device, text("Device name"));
+    entry->setKeyMaxLength(DeviceNameLength);
+    entry->startText(m_deviceName);
+    connect(entry, &WidgetKeypad::ready, this, &SettingsScreen::setDeviceName);
+    openEntry(entry, DeviceNameRow);
+}
+
+void SettingsScreen::setDeviceName(const QString &name)
+{
+    m_deviceName = name;
+    showEntry(m_deviceNameRow, name);
+}
+
+void SettingsScreen::enterPassword()
+{
+    TextEntry *entry = new TextEntry(m_device, text("New password"));
+    entry->startPassword(m_password);
+    connect(entry, &WidgetKeypad::ready, this, &SettingsScreen::setPassword);
+    openEntry(entry, PasswordRow);
+}
+
+void SettingsScreen::setPassword(const QString &password)
+{
+    m_password = password;
+    // Not even its length is told.
+    showEntry(m_passwordRow, password.isEmpty() ? QString() : QString(8, QChar(0x2022)));
+}
+
+// Opened with a digit, it comes back to another row than the one that it changes.
+void SettingsScreen::openEntry(TextEntry *entry, int row)
+{
+    setFocusAtItem(row);
+    m_device.push(entry);
+}
+
+void SettingsScreen::showEntry(WidgetListItem *row, const QString &entry)
+{
+    // In a row with one arrow the value stands as near to it as the title.
+    row->setDisplayValue(0, rowTitle(entry.isEmpty() ? text("Not set") : entry), false);
+}
+
 void SettingsScreen::checkForUpdate()
 {
     const struct tm now = *Util::localtime(time(nullptr));
@@ -238,6 +323,13 @@ Screen settingsScreen()
             {"range", "down down down down right"},
             {"one-line", "down down down down down"},
             {"not-modifiable", "down down down down down down right"},
+            {"device-name", "down down down down down down down"},
+            {"device-name-editing", "5 F3 wait:150 F1 wait:150 2 2"},
+            {"device-name-entered", "5 F4:long 4 4 3 3 5 5 5 F3 5 5 5 6 6 6 F3 F3 F1 "
+                                    "9 6 6 6 7 7 7 5 5 5 3 F3 F3 # 4 2 OK"},
+            {"device-name-given-up", "5 F4:long 2 ESC"},
+            {"device-name-emptied", "5 F4:long OK"},
+            {"password-set", "7 # 1 2 3 4 OK"},
             {"deletable", "up up up"},
             {"deleted", "up up up left"},
             {"display-value", "up up right"},

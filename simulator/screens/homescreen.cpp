@@ -1,0 +1,180 @@
+// Where the device starts: the main menu below the status bar. The keys 1, 3, 7 and 9 stand in for the radio, the
+// phone, the messages and the battery, whose states the status bar shows.
+
+#include "device.h"
+#include "parts.h"
+#include "screens.h"
+#include "texts.h"
+
+#include "platform/soundmanager.h"
+#include "platform/util.h"
+#include "widgetstatusbar.h"
+#include "widgetswitcher.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QTimer>
+
+#include <ctime>
+
+namespace {
+
+const int StatusBarHeight = 24;
+const int StatusIconWidth = 23;
+const QRect TimePlace(8, 0, 80, StatusBarHeight);
+
+const int NamePointSize = 16;
+const QRect FirstPageDot(79, 4, 6, 6);
+
+struct Entry
+{
+    const char *name;
+    const char *picture;
+    const char *screen;
+};
+
+const Entry entries[] = {
+    {"Radio", "main_radio", "radio"},
+    {"Clock", "main_clock", "clock"},
+    {"Route", "main_route", "choice"},
+    {"Message", "main_message", "text"},
+    {"Settings", "main_settings", "settings"},
+    {"More", "main_more", "more"},
+};
+const int EntryCount = int(sizeof entries / sizeof entries[0]);
+
+// What is addressed by the numbers of WidgetSwitcher.
+enum SwitcherItem { SidePicture = 1, CentrePicture = 3, Name = 4, PageDots = 5, LitPageDot = 6 };
+
+const int StatusCount = 3;
+
+struct StatusIcon
+{
+    int key;
+    void (WidgetStatusBar::*show)(int status);
+    const char *pictures[StatusCount];
+};
+
+const StatusIcon statusIcons[] = {
+    {Qt::Key_1, &WidgetStatusBar::showItem0,
+     {"status_reception_full", "status_reception_weak", "status_reception_none"}},
+    {Qt::Key_3, &WidgetStatusBar::showItem1, {"status_phone_connected", "status_phone_call", "status_phone_none"}},
+    {Qt::Key_7, &WidgetStatusBar::showItem2, {"status_message_new", "status_message_full", "status_message_none"}},
+    {Qt::Key_9, &WidgetStatusBar::showItem3, {"status_battery_full", "status_battery_half", "status_battery_low"}},
+};
+const int StatusIconCount = int(sizeof statusIcons / sizeof statusIcons[0]);
+
+class HomeScreen : public QWidget
+{
+public:
+    explicit HomeScreen(Device &device);
+
+protected:
+    void keyReleaseEvent(QKeyEvent *event) override;
+
+private:
+    void addStatusBar();
+    void addTime();
+    void addSwitcher();
+
+    Device &m_device;
+    WidgetStatusBar *m_statusBar = nullptr;
+    int m_status[StatusIconCount] = {};
+};
+
+HomeScreen::HomeScreen(Device &device)
+    : QWidget(&device),
+      m_device(device)
+{
+    addStatusBar();
+    addTime();
+    addSwitcher();
+}
+
+void HomeScreen::addStatusBar()
+{
+    QWidget *ground = new QWidget(this);
+    ground->setGeometry(0, 0, Device::Width, StatusBarHeight);
+    ground->setStyleSheet(QStringLiteral("background-color: #1F1618;"));
+
+    m_statusBar = new WidgetStatusBar(this, SoundManager::getInstance());
+    m_statusBar->setBgGeometry(0, 0, Device::Width, StatusBarHeight, StatusIconWidth);
+    for (int icon = 0; icon < StatusIconCount; ++icon) {
+        for (int status = 0; status < StatusCount; ++status)
+            m_statusBar->setStatusUrl(icon, status, pictureSheet(statusIcons[icon].pictures[status]));
+    }
+}
+
+void HomeScreen::addTime()
+{
+    QLabel *label = addLabel(this, TimePlace, 14, true, QStringLiteral("#F8F7F6"));
+    const auto showTime = [label] {
+        const struct tm now = *Util::localtime(time(nullptr));
+        label->setText(QString::asprintf("%02d:%02d", now.tm_hour, now.tm_min));
+    };
+    showTime();
+    QTimer *timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, showTime);
+    timer->start(1000);
+}
+
+void HomeScreen::addSwitcher()
+{
+    WidgetSwitcher *switcher = new WidgetSwitcher(this, SoundManager::getInstance());
+    // The toolkit paints the background of a style sheet on a widget of ours only where this is set.
+    switcher->setAttribute(Qt::WA_StyledBackground);
+    switcher->setBgGeometry(0, StatusBarHeight, Device::Width, Device::Height - StatusBarHeight);
+    for (int i = 0; i < EntryCount; ++i) {
+        const QString picture = QString::fromLatin1(entries[i].picture);
+        switcher->setItemStyle(CentrePicture, pictureSheet(picture), QString(), i);
+        switcher->setItemStyle(SidePicture, pictureSheet(picture + QStringLiteral("_side")), QString(), i);
+        switcher->setItemStyle(Name, text(entries[i].name), QString(), i);
+    }
+    switcher->setFontStyle(Name, NamePointSize, true, QStringLiteral("color: #F8F7F6;"));
+    switcher->setItemStyle(PageDots, pictureSheet(QStringLiteral("page_off")), QString(), 0);
+    switcher->setItemStyle(LitPageDot, pictureSheet(QStringLiteral("page_on")), QString(), 0);
+    // In the middle of the area of the dots, which begins right of the switcher's margin.
+    for (int item : {PageDots, LitPageDot}) {
+        switcher->setItemGeometry(item, FirstPageDot.x(), FirstPageDot.y(), FirstPageDot.width(),
+                                  FirstPageDot.height());
+    }
+    connect(switcher, &WidgetSwitcher::sendMainItem, this,
+            [this](int index) { m_device.open(QString::fromLatin1(entries[index].screen)); });
+    setFocusProxy(switcher);
+}
+
+void HomeScreen::keyReleaseEvent(QKeyEvent *event)
+{
+    for (int i = 0; i < StatusIconCount; ++i) {
+        if (event->key() != statusIcons[i].key)
+            continue;
+        m_status[i] = (m_status[i] + 1) % StatusCount;
+        (m_statusBar->*statusIcons[i].show)(m_status[i]);
+        return;
+    }
+    QWidget::keyReleaseEvent(event);
+}
+
+}
+
+Screen homeScreen()
+{
+    return {
+        "home",
+        "The main menu below the status bar, where the device starts",
+        [](Device &device) -> QWidget * { return new HomeScreen(device); },
+        {
+            {"", ""},
+            {"clock", "right"},
+            {"route", "right right"},
+            {"message", "right right right"},
+            {"settings", "left left"},
+            {"around-the-end", "left"},
+            {"status-changed", "1 3 7 9"},
+            {"status-changed-again", "1 1 3 3 7 7 9 9"},
+            {"back-from-settings", "left left OK down ESC"},
+            {"first-screen", "ESC"},
+            {"right-to-left", "", true},
+        },
+    };
+}
