@@ -110,8 +110,8 @@ WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
 {
     // The style engine keeps what it makes of each widget that it dresses, and the toolkit has it dress much that nobody
     // sees: every new widget at the next turn of the event loop, and, when something is shown, all of its descendants
-    // that are not below one that is dressed already. With the row done now and the requests of its children withdrawn,
-    // each child is dressed when it is seen.
+    // that are not below one that is dressed already. With the row done now, the requests of its children withdrawn, and
+    // hidden from the start what many rows never show, each child is dressed when it is seen.
     QCoreApplication::removePostedEvents(this, QEvent::PolishRequest);
     ensurePolished();
 
@@ -135,6 +135,10 @@ WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
         QCoreApplication::removePostedEvents(children().at(i), QEvent::PolishRequest);
         children().at(i)->installEventFilter(this);
     }
+    m_serialNumLabel->hide();
+    m_valueStack->hide();
+    m_prevArrow->hide();
+    m_nextArrow->hide();
 }
 
 WidgetListItem::~WidgetListItem()
