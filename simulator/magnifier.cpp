@@ -26,8 +26,12 @@ Magnifier::Magnifier(Device &device, int zoom, QWidget *parent)
 void Magnifier::refresh()
 {
     m_isRefreshing = true;
-    m_image = m_device.picture(m_zoom);
+    const QImage image = m_device.picture(m_zoom);
     m_isRefreshing = false;
+    // Painting the magnifier also paints what lies beneath it, which must not count as a change.
+    if (image == m_image)
+        return;
+    m_image = image;
     update();
 }
 

@@ -1,4 +1,4 @@
-// A clock made of pictures, the date below it, and how what keeps them going is.
+// A clock made of pictures, with the date below it and, above it, lamps for what keeps the two going.
 
 #include "device.h"
 #include "screens.h"
@@ -41,7 +41,7 @@ const QRect ClockPlace(0, 35, Device::Width, 45);
 const QRect DatePlace(0, 85, 180, 22);
 const int DateSize = 16;
 
-const QRect FirstKey(24, 114, 16, 16);
+const QRect FirstKey(24, 114, 16, 17);  // higher than its picture by one: centres texts on whole pixels
 const int KeyColumns = 2;
 const int KeyColumnWidth = 98;
 const int KeyRowHeight = 20;
@@ -296,7 +296,7 @@ void ClockScreen::paintKeys(QPainter &painter)
     painter.setFont(fontOfSize(KeyTextSize));
     for (int i = 0; i < int(m_settings.size()); ++i) {
         const QRect key = FirstKey.translated(i % KeyColumns * KeyColumnWidth, i / KeyColumns * KeyRowHeight);
-        painter.drawPixmap(visual(key), badge);
+        painter.drawPixmap(visual(key).topLeft(), badge);
         painter.setPen(Glow);
         painter.drawText(visual(key), Qt::AlignCenter, QString::number(i + 1));
         painter.setPen(Paper);
