@@ -489,12 +489,12 @@ void TestWidgetClock::settersEmitOnlyChanges()
     clock.setDisplaySec(true);
     clock.setDisplaySec(true);
     clock.setDisplaySec(false);
-    QCOMPARE(displaySecChanged, QList<QVariantList>() << QVariantList({true}) << QVariantList({false}));
+    QCOMPARE(displaySecChanged, QList<QVariantList>() << (QVariantList() << true) << (QVariantList() << false));
 
     clock.setFormat(WidgetClock::Hour24);
     clock.setFormat(WidgetClock::Hour24);
     clock.setFormat(WidgetClock::Hour12);
-    QCOMPARE(formatChanged, QList<QVariantList>() << QVariantList({true}) << QVariantList({true}));
+    QCOMPARE(formatChanged, QList<QVariantList>() << (QVariantList() << true) << (QVariantList() << true));
     QVERIFY(clock.isHidden());
 }
 

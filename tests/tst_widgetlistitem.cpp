@@ -873,7 +873,11 @@ void TestWidgetListItem::fitsInEveryFont_data()
     QTest::addColumn<QFont>("font");
     QTest::addColumn<QString>("values");
     QTest::addColumn<QString>("flags");
+#if QT_VERSION >= 0x060000
+    QStringList families = QFontDatabase::families();
+#else
     QStringList families = QFontDatabase().families();
+#endif
     families << QStringLiteral("no such family");
     for (const QString &family : families) {
         for (int style = 0; style < 4; ++style) {
