@@ -280,6 +280,9 @@ private slots:
     void hiddenRowsArePassedOver_data();
     void hiddenRowsArePassedOver();
     void hiddenRowsAreHiddenAndComeBack();
+    void changedWhileHiddenIsSeenAtTheNextShow_data();
+    void changedWhileHiddenIsSeenAtTheNextShow();
+    void rowThatComesBackOutOfViewIsRefreshed();
     void hidingARowThatDoesNotExistIsIgnored_data();
     void hidingARowThatDoesNotExistIsIgnored();
     void searchEndsWhenAllRowsAreHidden();
@@ -1336,6 +1339,60 @@ void TestWidgetList::hidingARowThatDoesNotExistIsIgnored()
     list.hideItem(2);
     QVERIFY(tableOf(list)->isRowHidden(2));
     QCOMPARE(RecordingPlatform::events().size(), 2);
+}
+
+void TestWidgetList::changedWhileHiddenIsSeenAtTheNextShow_data()
+{
+    QTest::addColumn<int>("shown");
+    QTest::addColumn<int>("hidden");
+    QTest::addColumn<int>("height");
+    QTest::addColumn<QList<int>>("tops");
+    QTest::newRow("a row shown again") << 1 << -1 << -1 << QList<int>({0, 46, 92});
+    QTest::newRow("a row hidden") << -1 << 0 << -1 << QList<int>({-1, -1, 0, 46, 92});
+    QTest::newRow("another height") << -1 << -1 << 30 << QList<int>({0, -1, 30, 60, 90});
+}
+
+void TestWidgetList::changedWhileHiddenIsSeenAtTheNextShow()
+{
+    QFETCH(int, shown);
+    QFETCH(int, hidden);
+    QFETCH(int, height);
+    QFETCH(QList<int>, tops);
+    Menu menu(5);
+    menu.list->hideItem(1);
+    menu.show();
+    menu.list->hide();
+    if (shown >= 0)
+        menu.list->showItem(shown);
+    if (hidden >= 0)
+        menu.list->hideItem(hidden);
+    if (height >= 0)
+        menu.list->setRowHeight(height);
+    runEventLoop();
+    menu.list->show();
+    runEventLoop();
+    for (int row = 0; row < tops.size(); ++row) {
+        QCOMPARE(menu.item(row)->isVisible(), tops.at(row) >= 0);
+        if (tops.at(row) >= 0)
+            QCOMPARE(menu.item(row)->y(), tops.at(row));
+    }
+    const int rowHeight = height >= 0 ? height : 46;
+    QCOMPARE(menu.item(2)->height(), rowHeight);
+    QCOMPARE(RowParts(*menu.item(2)).prevArrow->y(), rowHeight / 2 - 5);
+}
+
+void TestWidgetList::rowThatComesBackOutOfViewIsRefreshed()
+{
+    Menu menu(6);
+    menu.list->hideItem(5);
+    menu.show();
+    menu.list->showItem(5);
+    menu.list->backup();
+    QVERIFY(!menu.item(5)->getDisplayValue().isEmpty());
+    menu.list->setFocusAtItem(5);
+    runEventLoop();
+    QVERIFY(menu.item(5)->isVisible());
+    QVERIFY(!menu.list->isModified());
 }
 
 void TestWidgetList::searchEndsWhenAllRowsAreHidden()
@@ -2908,7 +2965,7 @@ void TestWidgetList::tenThousandRows()
 
 void TestWidgetList::manyRowsAddedAgain()
 {
-    const int count = 2000;
+    const int count = 10000;
     Menu menu(count);
     menu.show();
     QList<WidgetListItem *> items;

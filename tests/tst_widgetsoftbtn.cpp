@@ -37,6 +37,7 @@ private slots:
 
     void fontIsBoldWhateverBoldSays_data();
     void fontIsBoldWhateverBoldSays();
+    void fontOutlivesASheetThatLooksTheSame();
     void fontOfAnythingButTheNameIsInvalidAnnotatedOrNot_data();
     void fontOfAnythingButTheNameIsInvalidAnnotatedOrNot();
 
@@ -253,6 +254,15 @@ void TestWidgetSoftBtn::fontIsBoldWhateverBoldSays()
     QCOMPARE(int(nameLabel(button)->font().weight()), int(QFont::Bold));
     QCOMPARE(nameLabel(button)->styleSheet(), QString("color: red"));
     QCOMPARE(RecordingPlatform::events(), QStringList());
+}
+
+void TestWidgetSoftBtn::fontOutlivesASheetThatLooksTheSame()
+{
+    WidgetSoftBtn button(false, nullptr, nullptr);
+    button.setItemStyle(WidgetSoftBtn::ItemName, QStringLiteral("font-size: 20pt; font-weight: bold"));
+    button.show();
+    button.setFontStyle(WidgetSoftBtn::ItemName, 20, true, QStringLiteral("color: red"));
+    QCOMPARE(nameLabel(button)->font().pointSize(), 20);
 }
 
 void TestWidgetSoftBtn::fontOfAnythingButTheNameIsInvalidAnnotatedOrNot_data()

@@ -26,6 +26,7 @@ private slots:
     void fontIsTwentyPointsBoldWhateverItCarried_data();
     void fontIsTwentyPointsBoldWhateverItCarried();
     void familyAndOtherAttributesOfTheFontSurvive();
+    void fontThatLooksInheritedStaysWhenTheParentsChanges();
     void textIsMeasuredInTheNewFont();
     void textIsNotCutAgainByItself();
     void longTextIsNoTrouble();
@@ -216,6 +217,16 @@ void TestWidgetTAMark::familyAndOtherAttributesOfTheFontSurvive()
     QVERIFY(banner(mark)->font().italic());
     QVERIFY(banner(mark)->font().underline());
     QCOMPARE(font.pointSize(), 12);
+}
+
+void TestWidgetTAMark::fontThatLooksInheritedStaysWhenTheParentsChanges()
+{
+    QWidget parent;
+    WidgetTAMark *mark = new WidgetTAMark(&parent, nullptr);
+    const QString family = QApplication::font().family();
+    mark->setTAFont(QFont(family));
+    parent.setFont(QFont(QStringLiteral("another family")));
+    QCOMPARE(banner(*mark)->font().family(), family);
 }
 
 void TestWidgetTAMark::textIsMeasuredInTheNewFont()

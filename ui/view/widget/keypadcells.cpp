@@ -24,7 +24,7 @@ void createKeypadCells(QLabel *cells[], QWidget *parent)
 void setKeypadCellFont(QLabel *const cells[])
 {
     for (int item = 0; item < TextCellCount; ++item)
-        applyFont(cells[item], defaultFont(CellPointSize, true));
+        cells[item]->setFont(defaultFont(CellPointSize, true));
 }
 
 void setKeypadCellText(QLabel *const cells[], int item, const QString &text)

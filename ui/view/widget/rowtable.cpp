@@ -12,25 +12,23 @@ RowTable::RowTable(int rows, QWidget *parent)
 {
 }
 
-void RowTable::setRowWidget(int row, QWidget *widget)
+void RowTable::setRowWidget(int row, QWidget *widget, int formerRow)
 {
     // A table deletes a widget that is put again into its own cell (Qt 4) or leaves its old one.
     if (cellWidget(row, 0) == widget)
         return;
-    if (widget->parentWidget() == viewport()) {
-        for (int other = 0; other < rowCount(); ++other) {
-            if (cellWidget(other, 0) == widget)
-                removeCellWidget(other, 0);
-        }
+    if (cellWidget(formerRow, 0) == widget)
+        removeCellWidget(formerRow, 0);
+    if (widget->parentWidget() == viewport())
         QCoreApplication::removePostedEvents(widget, QEvent::DeferredDelete);
-    }
 
     // The table shows at once what it is given. A widget that seems to be shown already is spared that.
     widget->setParent(viewport());
     markShown(widget);
     setCellWidget(row, 0, widget);
     widget->hide();
-    updateEditorGeometries();
+    if (isVisible())
+        updateEditorGeometries();
 }
 
 void RowTable::reveal(int row)
@@ -58,6 +56,13 @@ void RowTable::keyReleaseEvent(QKeyEvent *event)
     event->ignore();
 }
 
+void RowTable::showEvent(QShowEvent *event)
+{
+    QTableWidget::showEvent(event);
+    // Rows that came into view while the table was hidden.
+    updateEditorGeometries();
+}
+
 void RowTable::scrollContentsBy(int, int)
 {
     // As the toolkit does it, up to moving the rows: at the end the last row stands at the bottom of the view.
@@ -71,9 +76,6 @@ void RowTable::scrollContentsBy(int, int)
 
 void RowTable::updateEditorGeometries()
 {
-    if (!isVisible())
-        return;
-
     QList<QPointer<QWidget> > leaving = m_inView;
     m_inView.clear();
     const int bottom = viewport()->height();
@@ -82,7 +84,8 @@ void RowTable::updateEditorGeometries()
         if (!widget || isRowHidden(row))
             continue;
         widget->setGeometry(columnViewportPosition(0), rowViewportPosition(row), columnWidth(0), rowHeight(row));
-        widget->show();
+        if (isVisible())
+            widget->show();
         m_inView.append(widget);
         leaving.removeAll(widget);
     }

@@ -16,8 +16,8 @@ public:
     RowTable(int rows, QWidget *parent);
 
     /// Puts \a widget into \a row and keeps it hidden until the row is in view. The table owns it from now on; the widget
-    /// that was in the row before is deleted later. A widget that stands in another row is moved here.
-    void setRowWidget(int row, QWidget *widget);
+    /// that was in the row before is deleted later. A widget of \a formerRow is moved from there.
+    void setRowWidget(int row, QWidget *widget, int formerRow);
 
     /// Has the widget of \a row shown with the table, in view or not, unless the row is hidden. The toolkit hands the focus
     /// only to a widget that is not hidden itself, also while the table is.
@@ -26,6 +26,7 @@ public:
 protected:
     virtual void keyPressEvent(QKeyEvent *event);
     virtual void keyReleaseEvent(QKeyEvent *event);
+    virtual void showEvent(QShowEvent *event);
     virtual void scrollContentsBy(int dx, int dy);
     virtual void updateEditorGeometries();
 

@@ -9,11 +9,13 @@
 /// \a T is bool or an integer that the processor loads and stores in one piece. Every read and every write is whole,
 /// takes no lock, and takes no more room than a \a T. Who reads a value also sees what the writer did before it. Two
 /// accesses in a row are two accesses: "if (value) value = false;" may miss what was written in between.
+///
+/// Made of the compiler's own atomic operations, which GCC has from 4.7 on.
 template <typename T>
 class ThreadShared
 {
 public:
-    ThreadShared(T value = T())
+    explicit ThreadShared(T value = T())
         : m_value(value)
     {
     }

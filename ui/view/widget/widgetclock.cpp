@@ -156,19 +156,15 @@ void WidgetClock::stop()
 
 void WidgetClock::setNumTextUrl(int digit, QString styleSheet)
 {
-    if (digit < 0 || digit >= DigitCount) {
-        rejectIndex(SourcePath, "setNumTextUrl", digit);
+    if (rejectsIndex(SourcePath, "setNumTextUrl", digit, DigitCount))
         return;
-    }
     m_numTextUrl[digit] = styleSheet;
 }
 
 void WidgetClock::setNumTextXSUrl(int digit, QString styleSheet)
 {
-    if (digit < 0 || digit >= DigitCount) {
-        rejectIndex(SourcePath, "setNumTextXSUrl", digit);
+    if (rejectsIndex(SourcePath, "setNumTextXSUrl", digit, DigitCount))
         return;
-    }
     m_numTextXSUrl[digit] = styleSheet;
 }
 

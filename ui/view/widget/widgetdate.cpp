@@ -84,29 +84,25 @@ void WidgetDate::stop()
 
 void WidgetDate::setWDayText(int wday, QString text)
 {
-    if (wday < 0 || wday >= WDayCount) {
-        rejectIndex(SourcePath, "setWDayText", wday);
+    if (rejectsIndex(SourcePath, "setWDayText", wday, WDayCount))
         return;
-    }
     m_wdayText[wday] = text;
 }
 
 void WidgetDate::setDateFont(QFont font)
 {
-    applyFont(m_dateLabel, font);
+    m_dateLabel->setFont(font);
 }
 
 void WidgetDate::setWDayFont(QFont font)
 {
-    applyFont(m_wdayLabel, font);
+    m_wdayLabel->setFont(font);
 }
 
 void WidgetDate::updateDateMonth(int month, int day, int wday)
 {
-    if (wday < 0 || wday >= WDayCount) {
-        rejectIndex(SourcePath, "updateDateMonth", wday);
+    if (rejectsIndex(SourcePath, "updateDateMonth", wday, WDayCount))
         return;
-    }
 
     const QString monthDigits = digits(month, 1);
     const QString dayDigits = digits(day, 3);

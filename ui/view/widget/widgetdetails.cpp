@@ -73,13 +73,6 @@ void applyStyleSheet(QWidget *widget, const char *sheet)
         applyStyleSheet(widget, QString::fromLatin1(sheet));
 }
 
-void applyFont(QWidget *widget, const QFont &font)
-{
-    // A font that merely looks the same because it is inherited would change with the parent's.
-    if (!widget->testAttribute(Qt::WA_SetFont) || widget->font() != font)
-        widget->setFont(font);
-}
-
 void showWithParent(QWidget *child)
 {
     const QWidget *parent = child->parentWidget();

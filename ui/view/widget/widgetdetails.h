@@ -49,9 +49,6 @@ private:
 void applyStyleSheet(QWidget *widget, const QString &sheet);
 void applyStyleSheet(QWidget *widget, const char *sheet);
 
-/// Sets \a font on \a widget unless it is in place.
-void applyFont(QWidget *widget, const QFont &font);
-
 /// Shows \a child together with its parent. Unlike QWidget::show() this does not dress a child before it can be seen.
 void showWithParent(QWidget *child);
 

@@ -1,9 +1,13 @@
 #ifndef WIDGETEXPORT_H
 #define WIDGETEXPORT_H
 
-#include <qglobal.h>
-
 /// Marks the classes that libwidget exports; everything else in it stays hidden.
-#define WIDGET_EXPORT Q_DECL_EXPORT
+///
+/// Q_DECL_EXPORT will not do: a toolkit that was itself built without hidden symbols leaves it empty.
+#ifdef Q_MOC_RUN
+#define WIDGET_EXPORT
+#else
+#define WIDGET_EXPORT __attribute__((visibility("default")))
+#endif
 
 #endif

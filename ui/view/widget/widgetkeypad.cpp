@@ -183,7 +183,7 @@ void WidgetKeypad::setSpaceString(QString text)
 
 void WidgetKeypad::setInitialLineText(QString text, bool maskText, bool keepText, bool selectKey)
 {
-    applyFont(m_lineEdit, defaultFont(TextPointSize, true));
+    m_lineEdit->setFont(defaultFont(TextPointSize, true));
     // Before the line shows its text plainly: the old one may be a password.
     m_lineEdit->clear();
     m_text.clear();

@@ -135,7 +135,8 @@ void WidgetList::addListItem(WidgetListItem *item, int shortcutKey)
     m_table->setRowHeight(row, item->height());
     if (m_table->cellWidget(row, 0) != item)
         forgetShortcuts(m_table->cellWidget(row, 0));
-    m_table->setRowWidget(row, item);
+    m_table->setRowWidget(row, item, item->m_row);
+    item->m_row = row;
     connect(item, SIGNAL(finished()), this, SIGNAL(finished()), Qt::UniqueConnection);
     ++m_itemCount;
     if (shortcutKey != -1)
@@ -171,8 +172,11 @@ void WidgetList::hideItem(int row)
 
 void WidgetList::showItem(int row)
 {
-    if (!rejectsIndex(SourcePath, "showItem", row, m_rowCount))
-        m_table->showRow(row);
+    if (rejectsIndex(SourcePath, "showItem", row, m_rowCount))
+        return;
+    m_table->showRow(row);
+    if (isVisible())
+        refreshUnseen(row);
 }
 
 void WidgetList::refreshItems()
@@ -452,7 +456,8 @@ void WidgetList::forgetShortcuts(QWidget *item)
     // The table deletes a row later, but its digit key must be dead at once.
     QMap<int, QPointer<WidgetListItem> >::iterator it = m_shortcuts.begin();
     while (it != m_shortcuts.end()) {
-        if (item && it.value().data() == item)
+        const QWidget *entry = it.value();
+        if (item && entry == item)
             it = m_shortcuts.erase(it);
         else
             ++it;

@@ -106,7 +106,8 @@ WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
       m_fittedTitle(new FittedText),
       m_fittedValue(new FittedText),
       m_marqueeTimer(0),
-      m_refreshedUnseen(false)
+      m_refreshedUnseen(false),
+      m_row(-1)
 {
     // The style engine keeps what it makes of each widget that it dresses, and the toolkit has it dress much that nobody
     // sees: every new widget at the next turn of the event loop, and, when something is shown, all of its descendants
@@ -503,10 +504,10 @@ void WidgetListItem::setDefaultFont()
 {
     const bool valueBelow = hasValue() && !m_valueOnRightSide;
     m_titleFont = defaultFont(valueBelow ? 12 : 15, true);
-    applyFont(m_titleLabel, m_titleFont);
-    applyFont(m_serialNumLabel, defaultFont(11, true));
+    m_titleLabel->setFont(m_titleFont);
+    m_serialNumLabel->setFont(defaultFont(11, true));
     m_valueFont = defaultValueFont();
-    applyFont(m_valueLabel, m_valueFont);
+    m_valueLabel->setFont(m_valueFont);
 }
 
 void WidgetListItem::showEvent(QShowEvent *)

@@ -138,7 +138,7 @@ public:
     /// value or none, and rows that lead deeper.
     void setSelectableRange(int from, int to);
 
-    /// Shows (at the next refresh()) or hides the badge, with \a number in it. Hiding keeps the number.
+    /// Shows the badge, with \a number in it, or hides it; either at the next refresh(). Hiding keeps the number.
     void setSerialNum(bool show, int number);
 
     /// Whether the row leads deeper: it shows the right arrow, and the right key and its digit key emit doEnter().
@@ -198,6 +198,7 @@ private:
     FittedText *m_fittedValue;
     int m_marqueeTimer;      // 0: the title does not scroll
     bool m_refreshedUnseen;  // by its list, which shows the row when it comes into view
+    int m_row;               // of its list that it was last put into; -1: none yet
 
     bool hasValue() const;
     bool hasBadge() const;

@@ -91,7 +91,7 @@ void WidgetMenuTitle::setFontStyle(WidgetMenuTitle::Item item, int pointSize, bo
         rejectInvalidItem();
         return;
     }
-    applyFont(m_titleLabel, defaultFont(pointSize, bold));
+    m_titleLabel->setFont(defaultFont(pointSize, bold));
     applyStyleSheet(m_titleLabel, style);
     placeIconAndTitle();
 }

@@ -4,6 +4,7 @@
 #include "widgetdetails.h"
 
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 
 namespace {
@@ -72,10 +73,10 @@ void WidgetProgressBar::setItemFont(WidgetProgressBar::Item item, int pointSize,
     trace("setItemFont");
     const QFont font = defaultFont(pointSize, true);
     if (item == ItemTitle) {
-        applyFont(m_titleLabel, font);
+        m_titleLabel->setFont(font);
     } else if (item == ItemValue) {
-        applyFont(m_valueLabel, font);
-        applyFont(m_bar, font);
+        m_valueLabel->setFont(font);
+        m_bar->setFont(font);
     } else {
         rejectInvalidItem();
     }
@@ -118,7 +119,10 @@ void WidgetProgressBar::setItemUseMaxValue(int use, int max)
         setPassingValue(m_bar, quotient);
     else
         m_bar->setValue(quotient);
+    const QPointer<WidgetProgressBar> self(this);
     emit valueChanged(use);
+    if (!self)
+        return;
 
     m_valueLabel->setText(calcIntToString(use, false));
 }

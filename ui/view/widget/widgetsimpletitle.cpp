@@ -42,7 +42,7 @@ void WidgetSimpleTitle::setFontStyle(Item item, int pointSize, bool, QString sty
         rejectInvalidItem();
         return;
     }
-    applyFont(m_titleLabel, defaultFont(pointSize, true));
+    m_titleLabel->setFont(defaultFont(pointSize, true));
     // The title keeps the bar's colours; the caller's sheet passes over it first all the same.
     m_titleLabel->setStyleSheet(styleSheet);
     m_titleLabel->setStyleSheet(QLatin1String("background-color: #474242; color: #ffffff"));

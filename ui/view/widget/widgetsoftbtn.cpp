@@ -44,7 +44,7 @@ void WidgetSoftBtn::setFontStyle(Item item, int pointSize, bool, QString styleSh
         rejectInvalidItem();
         return;
     }
-    applyFont(m_nameLabel, defaultFont(pointSize, true));
+    m_nameLabel->setFont(defaultFont(pointSize, true));
     applyStyleSheet(m_nameLabel, styleSheet);
 }
 

@@ -33,9 +33,9 @@ WidgetStatusBar::WidgetStatusBar(QWidget *parent, SoundManager *soundManager)
 
 void WidgetStatusBar::setStatusUrl(int item, int status, QString styleSheet)
 {
-    if (item < 0 || item >= IconCount)
-        return;
-    if (!rejectsIndex(SourcePath, "setStatusUrl", status, StatusCount))
+    const bool itemExists = item >= 0 && item < IconCount;
+    const bool statusExists = status >= 0 && status < StatusCount;
+    if (itemExists && statusExists)
         m_statusUrl[item][status] = styleSheet;
 }
 

@@ -21,7 +21,7 @@ public:
     WidgetStatusBar(QWidget *parent, SoundManager *soundManager);
 
     /// Makes \a styleSheet the sheet of icon \a item (0 to 3, left to right) in state \a status (0 to 2). Nothing is
-    /// redrawn. An \a item outside the range is ignored; so is a \a status outside, with a log line.
+    /// redrawn. An \a item or a \a status outside its range is ignored.
     void setStatusUrl(int item, int status, QString styleSheet);
 
     /// Places the bar at (\a x, \a y) in its parent with the size \a w by \a h, and pushes the icons to its right end:

@@ -102,7 +102,7 @@ void WidgetSwitcher::setFontStyle(int item, int pointSize, bool, QString style)
 {
     if (item != Name)
         return;
-    applyFont(m_nameLabel, defaultFont(pointSize, true));
+    m_nameLabel->setFont(defaultFont(pointSize, true));
     applyStyleSheet(m_nameLabel, style);
 }
 

@@ -29,7 +29,7 @@ void WidgetTAMark::setTAFont(QFont font)
 {
     font.setPointSize(20);
     font.setWeight(QFont::Bold);
-    applyFont(m_taLabel, font);
+    m_taLabel->setFont(font);
     m_taFont = font;
 }
 
