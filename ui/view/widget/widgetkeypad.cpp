@@ -49,10 +49,7 @@ const char *litSheet(int row, int column)
 
 bool rejects(const char *function, int index, int count)
 {
-    if (index >= 0 && index < count)
-        return false;
-    rejectIndex(SourcePath, function, index);
-    return true;
+    return rejectsIndex(SourcePath, function, index, count);
 }
 
 }
