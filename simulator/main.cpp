@@ -46,6 +46,15 @@ void provideRuntimeDirectory()
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(directory));
 }
 
+QtMessageHandler s_printMessage = nullptr;
+
+/// The bar of four cells provokes a warning of the toolkit on purpose, with each of its keys.
+void printMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (!message.contains(QLatin1String("No such slot WidgetKeypadBottom::clearSelection()")))
+        s_printMessage(type, context, message);
+}
+
 void listScreens()
 {
     for (const Screen &screen : allScreens())
@@ -106,6 +115,7 @@ int main(int argc, char *argv[])
     }
     setUpPlatform(options);
 
+    s_printMessage = qInstallMessageHandler(printMessage);
     provideRuntimeDirectory();
     fixLook();
     QApplication application(argc, argv);

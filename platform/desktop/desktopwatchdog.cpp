@@ -4,6 +4,7 @@
 #include "platform/util.h"
 
 #include <algorithm>
+#include <cmath>
 #include <condition_variable>
 #include <cstdlib>
 #include <mutex>
@@ -45,6 +46,13 @@ double secondsSinceKick(const Registration &registration)
     return std::chrono::duration<double>(Clock::now() - registration.lastKick).count();
 }
 
+// Such as "5.2", in every locale.
+std::string tenthsSinceKick(const Registration &registration)
+{
+    const long tenths = std::lround(secondsSinceKick(registration) * 10);
+    return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10);
+}
+
 // Returns when the next thread is due.
 Clock::time_point reportHanging()
 {
@@ -58,8 +66,8 @@ Clock::time_point reportHanging()
             continue;
         }
         r.hanging = true;
-        Logging::log(Logging::LogError, "[watchdog] \"%s\" has not answered for %.1f s", r.name.c_str(),
-                     secondsSinceKick(r));
+        Logging::log(Logging::LogError, "[watchdog] \"%s\" has not answered for %s s", r.name.c_str(),
+                     tenthsSinceKick(r).c_str());
     }
     return next;
 }
@@ -107,8 +115,8 @@ Registrations::iterator kick(const std::string &name, const char *caller)
         return found;
     }
     if (found->hanging) {
-        Logging::log(Logging::LogError, "[watchdog] \"%s\" answers again after %.1f s", name.c_str(),
-                     secondsSinceKick(*found));
+        Logging::log(Logging::LogError, "[watchdog] \"%s\" answers again after %s s", name.c_str(),
+                     tenthsSinceKick(*found).c_str());
         watchdog().wake.notify_one();
     }
     found->hanging = false;

@@ -16,6 +16,9 @@
 
 namespace {
 
+// Texts are as wide on every machine, also when a test is started by hand.
+const bool s_dpiFixed = qEnvironmentVariableIsSet("QT_FONT_DPI") || qputenv("QT_FONT_DPI", "96");
+
 struct Record
 {
     QList<RecordingPlatform::LogLine> logLines;
