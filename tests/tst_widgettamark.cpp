@@ -30,6 +30,7 @@ private slots:
     void textIsMeasuredInTheNewFont();
     void textIsNotCutAgainByItself();
     void longTextIsNoTrouble();
+    void textInAngleBracketsIsSeen();
     void whatIsSetAlreadyCostsNothing();
 };
 
@@ -259,6 +260,17 @@ void TestWidgetTAMark::textIsNotCutAgainByItself()
     QCOMPARE(banner(mark)->text(), text);
     mark.updateTAText(text);
     QVERIFY(banner(mark)->text() != text);
+}
+
+void TestWidgetTAMark::textInAngleBracketsIsSeen()
+{
+    WidgetTAMark mark(nullptr, nullptr);
+    mark.resize(220, 30);
+    mark.updateTAText(QString());
+    mark.show();
+    const QImage empty = mark.grab().toImage();
+    mark.updateTAText(QStringLiteral("<Unknown>"));
+    QVERIFY(mark.grab().toImage() != empty);
 }
 
 void TestWidgetTAMark::longTextIsNoTrouble()

@@ -20,6 +20,7 @@ WidgetSelectTile::WidgetSelectTile(QWidget *parent, SoundManager *sound)
 {
     setStyleSheet(QLatin1String("background: transparent;"));
     m_contentLabel = new QLabel(this);
+    m_contentLabel->setTextFormat(Qt::PlainText);
     m_contentLabel->setWordWrap(true);
     m_contentLabel->setFont(defaultFont(16, true));
 }

@@ -20,7 +20,7 @@ class WIDGET_EXPORT WidgetSelectTile : public Widget
 public:
     WidgetSelectTile(QWidget *parent, SoundManager *sound);
 
-    /// Shows \a content.
+    /// Shows \a content, which is never read as rich text.
     void setContent(QString content);
 
 protected:

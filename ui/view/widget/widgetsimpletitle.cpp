@@ -19,6 +19,7 @@ WidgetSimpleTitle::WidgetSimpleTitle(QWidget *parent, SoundManager *soundManager
     setStyleSheet(QLatin1String("color: #FFFFFF;background-color: #474242;"));
 
     m_titleLabel = new QLabel(this);
+    m_titleLabel->setTextFormat(Qt::PlainText);
     m_titleLabel->setGeometry(BarRect);
     m_titleLabel->setFont(defaultFont(13, true));
     m_titleLabel->setAlignment(TitleAlignment);

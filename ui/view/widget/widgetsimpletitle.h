@@ -36,7 +36,7 @@ public:
     /// Any other item than ItemTitle is rejected with a log line.
     void setFontStyle(Item item, int pointSize, bool bold, QString styleSheet);
 
-    /// Shows \a title, cut with an ellipsis if it is wider than the title's place.
+    /// Shows \a title, cut with an ellipsis if it is wider than the title's place. It is never read as rich text.
     void setTitle(QString title);
 
 private:

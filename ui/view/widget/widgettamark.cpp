@@ -15,6 +15,7 @@ WidgetTAMark::WidgetTAMark(QWidget *parent, SoundManager *sound)
 {
     setFocusPolicy(Qt::NoFocus);
     m_taLabel = new QLabel(this);
+    m_taLabel->setTextFormat(Qt::PlainText);
     placeBanner();
     setTAFont(QFont());
 }

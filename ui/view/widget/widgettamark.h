@@ -21,7 +21,7 @@ class WIDGET_EXPORT WidgetTAMark : public Widget
 public:
     WidgetTAMark(QWidget *parent, SoundManager *sound);
 
-    /// Shows \a text, cut with an ellipsis if it is wider than the banner.
+    /// Shows \a text, cut with an ellipsis if it is wider than the banner. It is never read as rich text.
     void updateTAText(QString text);
 
     /// Writes in \a font, but always in 20 points and bold. A text that is shown already is not cut anew; call
