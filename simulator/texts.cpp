@@ -104,6 +104,15 @@ const Translation translations[] = {
     {"Checked at %1", "تم الفحص في %1"},
     {"About this device", "حول هذا الجهاز"},
 
+    // Home
+    {"Sunday", "الأحد"},
+    {"Monday", "الاثنين"},
+    {"Tuesday", "الثلاثاء"},
+    {"Wednesday", "الأربعاء"},
+    {"Thursday", "الخميس"},
+    {"Friday", "الجمعة"},
+    {"Saturday", "السبت"},
+
     // Sound
     {"Key clicks", "نقرات المفاتيح"},
     {"Bass", "الجهير"},

@@ -8,6 +8,7 @@
 
 #include "platform/soundmanager.h"
 #include "platform/util.h"
+#include "widgetdate.h"
 #include "widgetstatusbar.h"
 #include "widgetswitcher.h"
 
@@ -22,6 +23,8 @@ namespace {
 const int StatusBarHeight = 24;
 const int StatusIconWidth = 23;
 const QRect TimePlace(8, 0, 80, StatusBarHeight);
+const QRect DatePlace(0, StatusBarHeight + 2, 220, 22);
+const int DatePointSize = 12;
 
 const int NamePointSize = 16;
 const QRect FirstPageDot(79, 4, 6, 6);
@@ -68,6 +71,7 @@ class HomeScreen : public QWidget
 {
 public:
     explicit HomeScreen(Device &device);
+    ~HomeScreen() override;
 
 protected:
     void keyReleaseEvent(QKeyEvent *event) override;
@@ -76,8 +80,10 @@ private:
     void addStatusBar();
     void addTime();
     void addSwitcher();
+    void addDate();
 
     Device &m_device;
+    WidgetDate *m_date = nullptr;
     WidgetStatusBar *m_statusBar = nullptr;
     int m_status[StatusIconCount] = {};
 };
@@ -89,6 +95,12 @@ HomeScreen::HomeScreen(Device &device)
     addStatusBar();
     addTime();
     addSwitcher();
+    addDate();
+}
+
+HomeScreen::~HomeScreen()
+{
+    m_date->stop();
 }
 
 void HomeScreen::addStatusBar()
@@ -110,12 +122,30 @@ void HomeScreen::addTime()
     QLabel *label = addLabel(this, TimePlace, 14, true, QStringLiteral("#F8F7F6"));
     const auto showTime = [label] {
         const struct tm now = *Util::localtime(time(nullptr));
-        label->setText(QString::asprintf("%02d:%02d", now.tm_hour, now.tm_min));
+        label->setText(QString::asprintf("%02d:%02d:%02d", now.tm_hour, now.tm_min, now.tm_sec));
     };
     showTime();
     QTimer *timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, showTime);
     timer->start(1000);
+}
+
+void HomeScreen::addDate()
+{
+    const char *const weekDays[] = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
+    QFont font;
+    font.setPointSize(DatePointSize);
+
+    m_date = new WidgetDate(this, SoundManager::getInstance());
+    m_date->setGeometry(DatePlace);
+    m_date->setDateFont(font);
+    m_date->setWDayFont(font);
+    for (int wday = 0; wday < 7; ++wday)
+        m_date->setWDayText(wday, text(weekDays[wday]));
+    // At once, so that a picture taken now shows it; from then on its thread keeps it current.
+    const struct tm now = *Util::localtime(time(nullptr));
+    m_date->updateDateMonth(now.tm_mon + 1, now.tm_mday, now.tm_wday);
+    m_date->start();
 }
 
 void HomeScreen::addSwitcher()
