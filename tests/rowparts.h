@@ -4,6 +4,7 @@
 #include "widgetlistitem.h"
 #include "widgetmarqueelable.h"
 
+#include <QCoreApplication>
 #include <QFontMetrics>
 #include <QLabel>
 #include <QStackedWidget>

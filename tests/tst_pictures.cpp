@@ -492,11 +492,13 @@ const char *groundOf(const QString &name)
     return light ? "#F8F7F6" : "#343232";
 }
 
-// Draws a picture; \a spoil makes it another one before it is taken.
-QImage draw(const QString &name, const Scene &spoil = nullptr)
+// Draws a picture; \a prepare is called before the widgets come, \a spoil makes it another one before it is taken.
+QImage draw(const QString &name, const Scene &spoil = nullptr, const Scene &prepare = nullptr)
 {
     const Picture &picture = pictureNamed(name);
     Screen screen(picture.size, groundOf(name));
+    if (prepare)
+        prepare(screen);
     picture.arrange(screen);
     screen.show();
     screen.activateWindow();
@@ -560,6 +562,8 @@ private slots:
 
     void looksLikeItsReference_data();
     void looksLikeItsReference();
+    void looksTheSameOnAScreenWithASheet_data();
+    void looksTheSameOnAScreenWithASheet();
     void everyReferenceIsInUse();
 
     void smallestChangeIsFound_data();
@@ -607,6 +611,20 @@ void TestPictures::looksLikeItsReference()
         : QStringLiteral("%1 pixels differ from the reference. The picture is %2.png, where it differs is in "
                          "%2-difference.png.").arg(differing).arg(path);
     QFAIL(qPrintable(message + " If the picture is right, renew the reference with WIDGET_RENEW_PICTURES=1."));
+}
+
+void TestPictures::looksTheSameOnAScreenWithASheet_data()
+{
+    looksLikeItsReference_data();
+}
+
+void TestPictures::looksTheSameOnAScreenWithASheet()
+{
+    // The sheet concerns none of the widgets, but has the toolkit dress them by other ways.
+    QFETCH(QString, name);
+    const Scene setSheet = [](Screen &screen) { screen.setStyleSheet("QRadioButton { color: #0000ff }"); };
+    QCOMPARE(differingPixels(draw(name, nullptr, setSheet), reference(name)), 0);
+    QCOMPARE(differingPixels(draw(name, setSheet), reference(name)), 0);
 }
 
 void TestPictures::everyReferenceIsInUse()

@@ -128,6 +128,8 @@ private slots:
     void digitSheetsShowWithTheNextTime();
     void separatorSheetShowsAtOnce();
     void separatorIsNeverShownOrHidden();
+    void dressesAndShowsItsPartsInOrder_data();
+    void dressesAndShowsItsPartsInOrder();
     void settersEmitOnlyChanges();
 
     void aTickThatChangesNothingTouchesNothing_data();
@@ -474,6 +476,64 @@ void TestWidgetClock::separatorIsNeverShownOrHidden()
     screen.labels[Separator]->hide();
     screen.clock.updateHMS(1, 1, 0);
     QVERIFY(!screen.labels[Separator]->isVisible());
+}
+
+void TestWidgetClock::dressesAndShowsItsPartsInOrder_data()
+{
+    QTest::addColumn<bool>("hour24");
+    QTest::addColumn<bool>("seconds");
+    QTest::addColumn<QStringList>("expected");
+    const QStringList digits{"dress 1", "dress 2", "dress 3", "dress 4", "show 1", "show 2", "show 3", "show 4"};
+    const QStringList clock{"show clock"};
+    QTest::newRow("12 hours with seconds")
+        << false << true << digits + QStringList{"dress 0", "dress 6", "dress 7", "show 6", "show 7", "show 0"} + clock;
+    QTest::newRow("12 hours") << false << false
+                              << digits + QStringList{"dress 0", "hide 6", "hide 7", "show 0"} + clock;
+    QTest::newRow("24 hours with seconds")
+        << true << true << digits + QStringList{"dress 6", "dress 7", "show 6", "show 7", "hide 0"} + clock;
+    QTest::newRow("24 hours") << true << false << digits + QStringList{"hide 6", "hide 7", "hide 0"} + clock;
+}
+
+void TestWidgetClock::dressesAndShowsItsPartsInOrder()
+{
+    QFETCH(bool, hour24);
+    QFETCH(bool, seconds);
+    ClockScreen screen;
+    screen.clock.updateHMS(13, 24, 35);
+    screen.clock.hide();
+    // Each part the other way round, so that every step is seen.
+    screen.clock.setFormat(hour24 ? WidgetClock::Hour24 : WidgetClock::Hour12);
+    screen.clock.setDisplaySec(seconds);
+    for (int label = 0; label < screen.labels.size(); ++label) {
+        const bool shown = label == Mark ? !hour24 : label == SecTens || label == SecUnits ? seconds : true;
+        screen.labels[label]->setVisible(!shown);
+    }
+
+    class Watcher : public QObject
+    {
+    public:
+        ClockScreen *screen = nullptr;
+        QStringList steps;
+
+        bool eventFilter(QObject *watched, QEvent *event) override
+        {
+            const char *what = event->type() == QEvent::StyleChange ? "dress "
+                : event->type() == QEvent::ShowToParent             ? "show "
+                : event->type() == QEvent::HideToParent             ? "hide "
+                                                                    : nullptr;
+            const int label = screen->labels.indexOf(static_cast<QLabel *>(watched));
+            if (what)
+                steps << QLatin1String(what) + (label < 0 ? QString("clock") : QString::number(label));
+            return false;
+        }
+    } watcher;
+    watcher.screen = &screen;
+    screen.bringUp();
+    screen.clock.installEventFilter(&watcher);
+    for (QLabel *label : screen.labels)
+        label->installEventFilter(&watcher);
+    screen.clock.updateHMS(10, 41, 50);
+    QTEST(watcher.steps, "expected");
 }
 
 void TestWidgetClock::settersEmitOnlyChanges()

@@ -689,6 +689,12 @@ void TestWidgetKeypad::argumentsOutOfRangeAreRejected_data()
         "setItemStyle] Invalid index 4");
     add("style of item -1", [](K &k) { k.setItemStyle(K::Item(-1), K::StateNormal, "color: #123456"); },
         "setItemStyle] Invalid index -1");
+    add("style of state 2", [](K &k) { k.setItemStyle(K::ItemSpace, K::State(2), "color: #123456"); },
+        "setItemStyle] Invalid index 2");
+    add("style of state -1", [](K &k) { k.setItemStyle(K::ItemSpace, K::State(-1), "color: #123456"); },
+        "setItemStyle] Invalid index -1");
+    add("style of no item in no state", [](K &k) { k.setItemStyle(K::Item(7), K::State(8), "color: #123456"); },
+        "setItemStyle] Invalid index 7");
 }
 
 void TestWidgetKeypad::argumentsOutOfRangeAreRejected()

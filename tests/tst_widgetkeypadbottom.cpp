@@ -24,8 +24,8 @@ private slots:
     void hidesAndShowsSingleCells();
     void ignoresItemsToHideThatDoNotExist();
     void keepsStylesForTheNextChange();
-    void rejectsStylesForItemsThatDoNotExist_data();
-    void rejectsStylesForItemsThatDoNotExist();
+    void rejectsStylesForItemsAndStatesThatDoNotExist_data();
+    void rejectsStylesForItemsAndStatesThatDoNotExist();
     void functionKeysSelectTheirCells_data();
     void functionKeysSelectTheirCells();
     void everyKeyIsLoggedAndHandedOn_data();
@@ -201,22 +201,29 @@ void TestWidgetKeypadBottom::keepsStylesForTheNextChange()
     QCOMPARE(ownLabels(bar).at(2)->styleSheet(), QString("color: #123456"));
 }
 
-void TestWidgetKeypadBottom::rejectsStylesForItemsThatDoNotExist_data()
+void TestWidgetKeypadBottom::rejectsStylesForItemsAndStatesThatDoNotExist_data()
 {
     QTest::addColumn<int>("item");
-    QTest::newRow("behind the last") << 4;
-    QTest::newRow("far out") << 1000000;
-    QTest::newRow("negative") << -1;
+    QTest::addColumn<int>("state");
+    QTest::addColumn<int>("reported");
+    QTest::newRow("behind the last") << 4 << 0 << 4;
+    QTest::newRow("far out") << 1000000 << 1 << 1000000;
+    QTest::newRow("negative") << -1 << 0 << -1;
+    QTest::newRow("state behind the last") << 2 << 2 << 2;
+    QTest::newRow("negative state") << 2 << -1 << -1;
+    QTest::newRow("neither item nor state") << 4 << 5 << 4;
 }
 
-void TestWidgetKeypadBottom::rejectsStylesForItemsThatDoNotExist()
+void TestWidgetKeypadBottom::rejectsStylesForItemsAndStatesThatDoNotExist()
 {
     QFETCH(int, item);
+    QFETCH(int, state);
+    QFETCH(int, reported);
     DressedBar bar;
-    bar.setItemStyle(WidgetKeypadBottom::Item(item), WidgetKeypadBottom::StateNormal, "color: #123456");
+    bar.setItemStyle(WidgetKeypadBottom::Item(item), WidgetKeypadBottom::State(state), "color: #123456");
     QCOMPARE(RecordingPlatform::events(),
              QStringList() << QString("log:2:[ui/view/widget/widgetkeypadbottom.cpp, setItemStyle] Invalid index %1")
-                                  .arg(item));
+                                  .arg(reported));
     bar.hide();
     bar.show();
     QCOMPARE(bar.states(), QString("nnnn"));

@@ -1,17 +1,11 @@
-#include "eventrecording.h"
-#include "recordingplatform.h"
+#include "listtesting.h"
 #include "rowparts.h"
-#include "widgetlist.h"
 #include "widgetmenutitle.h"
-
-#include "platform/soundmanager.h"
 
 #include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 #include <QHeaderView>
-#include <QPointer>
 #include <QScrollBar>
-#include <QTableWidget>
 #include <QtTest>
 
 #include <climits>
@@ -41,118 +35,15 @@ const QString s_click = QStringLiteral("sound:901");
 const QString s_focusedText = QStringLiteral("color: #1F1618");
 const QString s_unfocusedTitle = QStringLiteral("color: #594B4F");
 
-SoundManager *sound()
-{
-    return SoundManager::getInstance();
-}
-
 QString invalidIndex(const char *function, int index)
 {
     return QString("log:2:[ui/view/widget/widgetlist.cpp, %1] Invalid index %2").arg(function).arg(index);
-}
-
-WidgetListItem *newRow(const QString &title, int values = 2, int height = 46)
-{
-    WidgetListItem *row = new WidgetListItem(nullptr, sound());
-    row->setGeometry(0, 0, 220, height);
-    row->setTitle(title, true);
-    for (int i = 0; i < values; ++i)
-        row->addValue(QString("value %1").arg(i));
-    return row;
-}
-
-QTableWidget *tableOf(const WidgetList &list)
-{
-    return list.findChild<QTableWidget *>();
-}
-
-WidgetListItem *itemOf(const WidgetList &list, int row)
-{
-    return qobject_cast<WidgetListItem *>(tableOf(list)->cellWidget(row, 0));
-}
-
-void addRows(WidgetList &list, int count, int values = 2)
-{
-    for (int i = 0; i < count; ++i)
-        list.addListItem(newRow(QString("row %1").arg(i), values));
-}
-
-/// The row whose item has the focus; -1 if none has.
-int focusedRow(const WidgetList &list)
-{
-    const QTableWidget *table = tableOf(list);
-    for (int row = 0; row < table->rowCount(); ++row) {
-        if (QApplication::focusWidget() && table->cellWidget(row, 0) == QApplication::focusWidget())
-            return row;
-    }
-    return -1;
-}
-
-QList<int> selectedRows(const WidgetList &list)
-{
-    QList<int> rows;
-    const QModelIndexList selected = tableOf(list)->selectionModel()->selectedRows();
-    for (const QModelIndex &index : selected)
-        rows.append(index.row());
-    return rows;
-}
-
-bool isInView(const WidgetList &list, int row)
-{
-    const QTableWidget *table = tableOf(list);
-    const QRect rect = table->visualRect(table->model()->index(row, 0));
-    return !table->isRowHidden(row) && rect.intersects(table->viewport()->rect());
 }
 
 QList<QAbstractEventDispatcher::TimerInfo> timersOf(QObject *object)
 {
     return QAbstractEventDispatcher::instance()->registeredTimers(object);
 }
-
-/// A screen with a list of \a rows rows, shown in an active window.
-struct Menu
-{
-    explicit Menu(int rows, int values = 2)
-        : list(new WidgetList(rows, &screen, sound()))
-    {
-        screen.resize(220, 176);
-        list->setGeometry(0, 0, 220, 176);
-        addRows(*list, rows, values);
-    }
-
-    void show()
-    {
-        screen.show();
-        screen.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&screen));
-        runEventLoop();
-        RecordingPlatform::reset();
-        screen.takeKeys();
-    }
-
-    QTableWidget *table() const
-    {
-        return tableOf(*list);
-    }
-
-    WidgetListItem *item(int row) const
-    {
-        return itemOf(*list, row);
-    }
-
-    /// Sends \a key to the widget that has the focus (to the list if none has), as the device does, and returns the row
-    /// that has it then.
-    int type(int key)
-    {
-        QWidget *receiver = QApplication::focusWidget() ? QApplication::focusWidget() : list.data();
-        pressKey(receiver, key);
-        releaseKey(receiver, key);
-        return focusedRow(*list);
-    }
-
-    KeyRecorder screen;
-    QPointer<WidgetList> list;
-};
 
 void noteSignals(WidgetList *list)
 {

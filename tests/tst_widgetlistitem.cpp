@@ -498,6 +498,16 @@ void TestWidgetListItem::badgeIsNotTouchedWithoutATitle()
     const RowParts parts(row);
     QCOMPARE(parts.badge->text(), QString());
     QCOMPARE(parts.badge->styleSheet(), QString());
+    QVERIFY(!parts.badge->isHidden());
+    row.show();
+    QVERIFY(parts.badge->isVisible());
+
+    // A title decides at the next layout.
+    row.setTitle(QStringLiteral("title"), true);
+    QVERIFY(parts.badge->isVisible());
+    row.setSerialNum(false, 0);
+    row.refresh();
+    QVERIFY(parts.badge->isHidden());
 }
 
 void TestWidgetListItem::mixOfTextsAndWidgetsIsReportedAtEveryRefresh_data()

@@ -10,6 +10,7 @@
 #include <QMap>
 
 const int KeypadCellCount = 4;
+const int KeypadCellStateCount = 2;
 
 /// Creates the cells in \a parent, side by side from its left edge, and stores them in \a cells.
 void createKeypadCells(QLabel *cells[], QWidget *parent);
@@ -26,14 +27,14 @@ void setKeypadCellVisible(QLabel *const cells[], int item, bool visible);
 /// The cell that \a item stands for: the first one if it is none of the four.
 int keypadCell(int item);
 
-/// Keeps \a sheet for \a item in \a state; another \a item is rejected with a log line.
+/// Keeps \a sheet for \a item in \a state, 0 at rest or 1 selected; another \a item or \a state is rejected with a log
+/// line.
 template <typename State>
 void keepKeypadCellSheet(QMap<State, QString> sheets[], int item, State state, const QString &sheet,
                          const char *sourcePath)
 {
-    if (item < 0 || item >= KeypadCellCount)
-        rejectIndex(sourcePath, "setItemStyle", item);
-    else
+    if (!rejectsIndex(sourcePath, "setItemStyle", item, KeypadCellCount)
+        && !rejectsIndex(sourcePath, "setItemStyle", state, KeypadCellStateCount))
         sheets[item][state] = sheet;
 }
 

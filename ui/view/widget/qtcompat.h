@@ -3,6 +3,7 @@
 
 // What differs between the versions of the toolkit, and nothing else.
 
+#include <QFont>
 #include <QFontMetrics>
 
 inline int textWidth(const QFontMetrics &metrics, const QString &text)
@@ -11,6 +12,16 @@ inline int textWidth(const QFontMetrics &metrics, const QString &text)
     return metrics.horizontalAdvance(text);
 #else
     return metrics.width(text);
+#endif
+}
+
+/// The attributes that were set on \a font itself, as bits.
+inline uint resolveMask(const QFont &font)
+{
+#if QT_VERSION >= 0x060000
+    return font.resolveMask();
+#else
+    return font.resolve();
 #endif
 }
 

@@ -5,21 +5,34 @@
 #include <QPointer>
 #include <QTableWidget>
 
-/// The table of a WidgetList: one column whose cells are widgets.
+class WidgetListItem;
+
+/// The table of a WidgetList, which is its parent: one column whose cells are list items.
 ///
-/// A plain table shows all of its row widgets, seen or not, and moves them all at every scroll. This one shows a row
-/// when it first comes into view and moves only rows that come into view or leave it. It also leaves all keys to the
-/// list, where a plain table would swallow digits for its search.
+/// A plain table shows all of its cell widgets, seen or not, moves them all at every scroll, and goes on using one that
+/// was deleted. This one shows an item when its row first comes into view, moves only items that come into view or leave
+/// it, and forgets one that is deleted. Keys and focus go to the list where no item is there to take them: a plain table
+/// would swallow digits for its search, and the toolkit leaves the focus on a widget that is hidden.
 class RowTable : public QTableWidget
 {
 public:
-    RowTable(int rows, QWidget *parent);
+    RowTable(int rows, QWidget *list);
+    virtual ~RowTable();
 
-    /// Puts \a widget into \a row and keeps it hidden until the row is in view. The table owns it from now on; the widget
-    /// that was in the row before is deleted later. A widget of \a formerRow is moved from there.
-    void setRowWidget(int row, QWidget *widget, int formerRow);
+    /// The item in \a row; 0 if there is none.
+    WidgetListItem *listItem(int row) const;
 
-    /// Has the widget of \a row shown with the table, in view or not, unless the row is hidden. The toolkit hands the focus
+    /// Puts \a item into \a row, from wherever it was, and keeps it hidden until the row is in view. The table owns it
+    /// from now on; the widget that was in the row before is deleted later.
+    void setListItem(int row, WidgetListItem *item);
+
+    /// Empties \a row; the widget that was in it is deleted later.
+    void removeListItem(int row);
+
+    /// Forgets \a item, which is being destroyed.
+    void forget(WidgetListItem *item);
+
+    /// Has the item of \a row shown with the table, in view or not, unless the row is hidden. The toolkit hands the focus
     /// only to a widget that is not hidden itself, also while the table is.
     void reveal(int row);
 
@@ -27,10 +40,15 @@ protected:
     virtual void keyPressEvent(QKeyEvent *event);
     virtual void keyReleaseEvent(QKeyEvent *event);
     virtual void showEvent(QShowEvent *event);
+    virtual bool eventFilter(QObject *watched, QEvent *event);
     virtual void scrollContentsBy(int dx, int dy);
     virtual void updateEditorGeometries();
 
 private:
+    int rowOf(const WidgetListItem *item) const;
+    void release(WidgetListItem *item);
+    void takeFocusFrom(QWidget *widget);
+    void focusList();
     static void park(QWidget *widget);
 
     QList<QPointer<QWidget> > m_inView;

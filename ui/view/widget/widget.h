@@ -11,6 +11,17 @@ class SoundManager;
 ///
 /// It adds three things to QWidget: key clicks, the question which key means which direction, and two signals.
 /// There is no touch and no mouse; a widget never looks at a key code itself where one of the key tests will do.
+///
+/// What holds for all widgets of the library:
+/// - Sizes and fonts are made for a display on which a point is a pixel (72 dpi). Where it is more, as on a PC, texts
+///   come out too large and are cut. With Qt 5 and 6 call qputenv("QT_FONT_DPI", "72") before the QApplication is made;
+///   Qt 4.8 goes by the size of the display in millimetres.
+/// - Where a picture is wanted, the sheet "image: url(:/name.png);" shows it in the middle of its place, made smaller
+///   in proportion where it is too large, but never larger. "background-image" shows it in its own size from the top
+///   left, again and again where there is room, and "border-image" stretches it over the whole place.
+/// - The background of a widget's own sheet is painted only if the application sets Qt::WA_StyledBackground on it.
+/// - Keys go to the widget that has the focus. A WidgetList gives it to a row when it is shown; no other widget takes
+///   it by itself, so call setFocus() on it.
 class WIDGET_EXPORT Widget : public QWidget
 {
     Q_OBJECT

@@ -34,10 +34,9 @@ const struct
     { 76, 0, 9, 12 },     // ItemSecUnits
 };
 
-void showDigit(QLabel *label, const QString *sheets, int digit)
+void dressDigit(QLabel *label, const QString *sheets, int digit)
 {
     applyStyleSheet(label, digit >= 0 && digit <= 9 ? sheets[digit] : QString());
-    showWithParent(label);
 }
 
 }
@@ -188,25 +187,26 @@ void WidgetClock::updateHMS(int hour, int min, int sec)
     const int minTens = qBound(0, min / 10, 5);
     const int secTens = qBound(0, sec / 10, 5);
 
-    showDigit(m_hourTensLabel, m_numTextUrl, hourTens);
-    showDigit(m_hourUnitsLabel, m_numTextUrl, shownHour - 10 * hourTens);
-    showDigit(m_minTensLabel, m_numTextUrl, minTens);
-    showDigit(m_minUnitsLabel, m_numTextUrl, min - 10 * minTens);
+    // Who watches the labels sees this order.
+    dressDigit(m_hourTensLabel, m_numTextUrl, hourTens);
+    dressDigit(m_hourUnitsLabel, m_numTextUrl, shownHour - 10 * hourTens);
+    dressDigit(m_minTensLabel, m_numTextUrl, minTens);
+    dressDigit(m_minUnitsLabel, m_numTextUrl, min - 10 * minTens);
+    m_hourTensLabel->show();
+    m_hourUnitsLabel->show();
+    m_minTensLabel->show();
+    m_minUnitsLabel->show();
+
+    if (twelveHours)
+        applyStyleSheet(m_ampmLabel, hour > 11 ? m_pmUrl : m_amUrl);
 
     if (m_displaySec) {
-        showDigit(m_secTensLabel, m_numTextXSUrl, secTens);
-        showDigit(m_secUnitsLabel, m_numTextXSUrl, sec - 10 * secTens);
-    } else {
-        m_secTensLabel->hide();
-        m_secUnitsLabel->hide();
+        dressDigit(m_secTensLabel, m_numTextXSUrl, secTens);
+        dressDigit(m_secUnitsLabel, m_numTextXSUrl, sec - 10 * secTens);
     }
-
-    if (twelveHours) {
-        applyStyleSheet(m_ampmLabel, hour > 11 ? m_pmUrl : m_amUrl);
-        showWithParent(m_ampmLabel);
-    } else {
-        m_ampmLabel->hide();
-    }
+    m_secTensLabel->setVisible(m_displaySec);
+    m_secUnitsLabel->setVisible(m_displaySec);
+    m_ampmLabel->setVisible(twelveHours);
 
     show();
 }

@@ -65,7 +65,16 @@ public Q_SLOTS:
 /// Each picture is a style sheet that the application sets, usually one that names an image. Between start() and stop()
 /// the clock keeps itself current, about a tenth of a second late at most. It is hidden until it first has a time to
 /// show, and from then on shows itself with each time that it gets. It is best given a size: its parts reach to 186 by
-/// 68 pixels.
+/// 68 pixels. They stand here until setItemGeometry() moves them, in pixels:
+///
+///     hour        34 x 45   at (35, 23) and (69, 23)
+///     separator   15 x 45   at (103, 23)
+///     minute      34 x 45   at (118, 23) and (152, 23)
+///     AM or PM    26 x 13   at (40, 0)
+///     second       9 x 12   at (65, 0) and (76, 0)
+///
+/// Pictures of these sizes fill their places. With "image: url(...);" a larger one is made smaller in proportion, and a
+/// smaller one stays as it is, in the middle.
 ///
 /// All clocks of the process share one memory of the time last reported (see ClockUpdateThread). So a clock that is
 /// started while another one runs, or started again, may stay as it is (a new one: hidden) until the next minute.

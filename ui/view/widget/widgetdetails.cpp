@@ -4,6 +4,9 @@
 #include "platform/util.h"
 #include "qtcompat.h"
 
+#include <QApplication>
+#include <QEvent>
+#include <QStyle>
 #include <QThread>
 #include <QWidget>
 
@@ -61,8 +64,9 @@ void applyStyleSheet(QWidget *widget, const QString &sheet)
 {
     if (widget->styleSheet() == sheet)
         return;
-    // Of a widget that was not dressed yet the toolkit would go on dressing the children for its old sheet.
-    if (!widget->styleSheet().isEmpty() && !widget->children().isEmpty())
+    // Where there are sheets already, its own or of those around it, the toolkit would go on dressing the children of a
+    // widget that was not dressed yet as if it had none.
+    if (!widget->children().isEmpty() && (!widget->styleSheet().isEmpty() || widget->style() != QApplication::style()))
         widget->ensurePolished();
     widget->setStyleSheet(sheet);
 }
@@ -73,21 +77,39 @@ void applyStyleSheet(QWidget *widget, const char *sheet)
         applyStyleSheet(widget, QString::fromLatin1(sheet));
 }
 
+void applyFont(QWidget *widget, const QFont &font)
+{
+    // Equal alone is not enough: the widget may have it from its parent only, and follow that.
+    const uint asked = resolveMask(font);
+    const bool inPlace = widget->testAttribute(Qt::WA_SetFont) && (resolveMask(widget->font()) & asked) == asked
+        && widget->font() == font;
+    if (!inPlace)
+        widget->setFont(font);
+}
+
 void showWithParent(QWidget *child)
 {
     const QWidget *parent = child->parentWidget();
-    if (parent && !parent->isVisible())
-        markShown(child);
-    else
+    if (!parent || parent->isVisible()) {
         child->show();
+    } else if (child->isHidden() || !child->testAttribute(Qt::WA_WState_ExplicitShowHide)) {
+        // show() would hand the child to the style engine at once, and the engine keeps what it makes of it for good.
+        markShown(child);
+        QEvent shown(QEvent::ShowToParent);
+        QCoreApplication::sendEvent(child, &shown);
+    }
 }
 
 void markShown(QWidget *widget)
 {
-    // show() hands a widget to the style engine at once, also where its parent is hidden, and the engine keeps what it
-    // made of the widget's sheet for good.
     widget->setAttribute(Qt::WA_WState_ExplicitShowHide);
     widget->setAttribute(Qt::WA_WState_Hidden, false);
+}
+
+bool holdsFocus(const QWidget *widget)
+{
+    const QWidget *focus = widget->window()->focusWidget();
+    return focus && (focus == widget || widget->isAncestorOf(focus));
 }
 
 struct tm localTime()

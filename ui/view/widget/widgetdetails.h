@@ -49,11 +49,17 @@ private:
 void applyStyleSheet(QWidget *widget, const QString &sheet);
 void applyStyleSheet(QWidget *widget, const char *sheet);
 
+/// Sets \a font on \a widget unless it is in place: the toolkit would resolve it, and note it for the style sheets, anew.
+void applyFont(QWidget *widget, const QFont &font);
+
 /// Shows \a child together with its parent. Unlike QWidget::show() this does not dress a child before it can be seen.
 void showWithParent(QWidget *child);
 
 /// Marks \a widget as no longer hidden and leaves it to its parent to show it.
 void markShown(QWidget *widget);
+
+/// Whether the focus is in \a widget, or will be when its window becomes active.
+bool holdsFocus(const QWidget *widget);
 
 /// The local time now, as a copy that no other thread writes to. May be called in any thread.
 struct tm localTime();

@@ -15,7 +15,7 @@ const int AlignmentStep = 2;
 void dress(QLabel *label, const QString &style)
 {
     applyStyleSheet(label, style);
-    showWithParent(label);
+    label->show();
 }
 
 void moveDown(QLabel *label, int dy)

@@ -40,6 +40,8 @@ class QShowEvent;
 /// show lays everything out for the size that the keypad has then and starts on the lowest enabled page with the text
 /// that stands in the line. A keypad that is resized while it is seen wants setupUi().
 ///
+/// The keypad takes keys while it has the focus, which it never takes by itself: call setFocus() with each show().
+///
 /// Good to know:
 /// - Key texts are counted in QChars: a character of two of them (an emoji, for instance) or a letter with a
 ///   combining mark counts as several characters, each typed and deleted on its own. Use characters of a single
@@ -163,7 +165,7 @@ public:
     void setBgGeometry(int x, int y, int width, int height);
 
     /// Keeps \a style as the sheet of \a item in \a state; at first all are empty. Seen when the cell next changes to
-    /// that state.
+    /// that state. A value that is no item or no state is rejected with a log line.
     void setItemStyle(Item item, State state, QString style);
 
     /// Sets the text of ItemButton1 or ItemButton2, seen at once and never read as rich text. Other items are

@@ -56,7 +56,7 @@ public:
     void setItemVisible(Item item, bool visible);
 
     /// Keeps \a style as the sheet of \a item in \a state; at first all are empty. Seen when the cell next changes to
-    /// that state. Values that are no item are rejected with a log line.
+    /// that state. A value that is no item or no state is rejected with a log line.
     void setItemStyle(Item item, State state, QString style);
 
     /// Dresses the cell of \a item as selected. Values that are no item mean the first cell.

@@ -62,7 +62,7 @@ WidgetList::WidgetList(int rowCount, QWidget *parent, SoundManager *soundManager
     m_table->setColumnWidth(0, TableRect.width());
     m_table->setAlternatingRowColors(true);
     m_table->selectRow(0);
-    m_table->setStyleSheet(QLatin1String(TableSheet) + QLatin1String(ScrollBarSheet));
+    applyStyleSheet(m_table, QLatin1String(TableSheet) + QLatin1String(ScrollBarSheet));
 }
 
 void WidgetList::setRowCount(int n)
@@ -71,8 +71,8 @@ void WidgetList::setRowCount(int n)
         rejectIndex(SourcePath, "setRowCount", n);
         return;
     }
-    for (int row = n; row < m_rowCount; ++row)
-        forgetShortcuts(m_table->cellWidget(row, 0));
+    for (int row = m_rowCount - 1; row >= n; --row)
+        removeItem(row);
     m_selectedRow = -1;
     m_itemCount = 0;
     m_table->setRowCount(n);
@@ -118,7 +118,7 @@ void WidgetList::setNoFocusStyle(int rowsPerPage)
     if (m_noFocusRows != 0)
         m_noFocus = true;
     for (int row = 0; row < m_itemCount; ++row) {
-        if (WidgetListItem *item = itemAt(row))
+        if (WidgetListItem *item = m_table->listItem(row))
             item->m_marquee = false;
     }
 }
@@ -133,10 +133,9 @@ void WidgetList::addListItem(WidgetListItem *item, int shortcutKey)
     item->m_marquee = !m_noFocus;
     item->m_refreshedUnseen = false;
     m_table->setRowHeight(row, item->height());
-    if (m_table->cellWidget(row, 0) != item)
-        forgetShortcuts(m_table->cellWidget(row, 0));
-    m_table->setRowWidget(row, item, item->m_row);
-    item->m_row = row;
+    if (m_table->listItem(row) != item)
+        forgetShortcuts(m_table->listItem(row));
+    m_table->setListItem(row, item);
     connect(item, SIGNAL(finished()), this, SIGNAL(finished()), Qt::UniqueConnection);
     ++m_itemCount;
     if (shortcutKey != -1)
@@ -152,10 +151,8 @@ void WidgetList::addListItem(WidgetListItem *item)
 
 void WidgetList::removeAllItems()
 {
-    for (int row = 0; row < m_itemCount; ++row) {
-        forgetShortcuts(m_table->cellWidget(row, 0));
-        m_table->removeCellWidget(row, 0);
-    }
+    for (int row = m_itemCount - 1; row >= 0; --row)
+        removeItem(row);
     m_itemCount = 0;
 }
 
@@ -164,7 +161,7 @@ void WidgetList::hideItem(int row)
     if (rejectsIndex(SourcePath, "hideItem", row, m_rowCount))
         return;
     m_table->hideRow(row);
-    if (WidgetListItem *item = itemAt(row)) {
+    if (WidgetListItem *item = m_table->listItem(row)) {
         item->hide();
         item->m_refreshedUnseen = false;
     }
@@ -175,14 +172,17 @@ void WidgetList::showItem(int row)
     if (rejectsIndex(SourcePath, "showItem", row, m_rowCount))
         return;
     m_table->showRow(row);
-    if (isVisible())
+    WidgetListItem *item = m_table->listItem(row);
+    if (item && item->m_wasShown)
+        showWithParent(item);
+    else if (isVisible())
         refreshUnseen(row);
 }
 
 void WidgetList::refreshItems()
 {
     for (int row = 0; row < m_itemCount; ++row) {
-        if (WidgetListItem *item = itemAt(row))
+        if (WidgetListItem *item = m_table->listItem(row))
             item->refresh();
     }
 }
@@ -190,7 +190,7 @@ void WidgetList::refreshItems()
 void WidgetList::backup()
 {
     for (int row = 0; row < m_itemCount; ++row) {
-        if (WidgetListItem *item = itemAt(row))
+        if (WidgetListItem *item = m_table->listItem(row))
             item->backup();
     }
 }
@@ -198,7 +198,7 @@ void WidgetList::backup()
 bool WidgetList::isModified()
 {
     for (int row = 0; row < m_itemCount; ++row) {
-        WidgetListItem *item = itemAt(row);
+        WidgetListItem *item = m_table->listItem(row);
         if (item && item->isModified())
             return true;
     }
@@ -280,7 +280,7 @@ void WidgetList::showEvent(QShowEvent *)
     if (m_selectedRow == -1)
         setInitialFocus();
     // The toolkit may leave the focus on a row of a hidden list, but the row has just dressed as without it.
-    WidgetListItem *item = itemAt(m_selectedRow);
+    WidgetListItem *item = m_table->listItem(m_selectedRow);
     if (item && item->hasFocus())
         item->dressFocused();
     m_upLongPressed = false;
@@ -294,7 +294,7 @@ void WidgetList::hideEvent(QHideEvent *)
     Logging::log(Logging::LogTrace, "[%s, %d] m_selectedRow = %d", "hideEvent", 429, m_selectedRow);
     m_selectedRow = -1;
     for (int row = 0; row < m_itemCount; ++row) {
-        if (WidgetListItem *item = itemAt(row))
+        if (WidgetListItem *item = m_table->listItem(row))
             item->m_refreshedUnseen = false;
     }
 }
@@ -302,8 +302,8 @@ void WidgetList::hideEvent(QHideEvent *)
 void WidgetList::refreshUnseen(int row)
 {
     // A row out of view is not shown with the list, but what it displays counts in backup() and isModified().
-    WidgetListItem *item = itemAt(row);
-    if (!item || item->isVisible() || m_table->isRowHidden(row))
+    WidgetListItem *item = m_table->listItem(row);
+    if (!item || item->m_wasShown || m_table->isRowHidden(row))
         return;
     item->resize(m_table->columnWidth(0), m_table->rowHeight(row));
     item->refresh();
@@ -427,16 +427,15 @@ void WidgetList::handleDigitRelease(QKeyEvent *event)
         click();
 }
 
-WidgetListItem *WidgetList::itemAt(int row) const
-{
-    return qobject_cast<WidgetListItem *>(m_table->cellWidget(row, 0));
-}
-
 void WidgetList::focusRow(int row)
 {
     m_table->selectRow(row);
     m_table->reveal(row);
-    if (QWidget *item = m_table->cellWidget(row, 0))
+    // Where no row is to be seen that could take the keys, the list does.
+    WidgetListItem *item = m_table->listItem(row);
+    if (!item || m_table->isHidden() || (item->isHidden() && !holdsFocus(this)))
+        setFocus(Qt::OtherFocusReason);
+    if (item && !m_table->isHidden())
         item->setFocus(Qt::OtherFocusReason);
 }
 
@@ -451,13 +450,18 @@ void WidgetList::click()
     playSound(ClickSound);
 }
 
-void WidgetList::forgetShortcuts(QWidget *item)
+void WidgetList::removeItem(int row)
+{
+    forgetShortcuts(m_table->listItem(row));
+    m_table->removeListItem(row);
+}
+
+void WidgetList::forgetShortcuts(WidgetListItem *item)
 {
     // The table deletes a row later, but its digit key must be dead at once.
     QMap<int, QPointer<WidgetListItem> >::iterator it = m_shortcuts.begin();
     while (it != m_shortcuts.end()) {
-        const QWidget *entry = it.value();
-        if (item && entry == item)
+        if (item && it.value() == item)
             it = m_shortcuts.erase(it);
         else
             ++it;

@@ -24,8 +24,14 @@ class WidgetMenuTitle;
 /// In the no-focus style (setNoFocusStyle()) no row is highlighted and up and down turn pages instead.
 ///
 /// The list is made for 220 by 176 pixels: the title bar takes the upper 38, the rows the lower 138. Each show starts on
-/// row 0; hiding the list forgets the row. A row out of sight is refreshed with the list, but stays hidden and costs
-/// nothing more until it first comes into view.
+/// row 0; hiding the list forgets the row.
+///
+/// The keys of a row that is hidden, removed or deleted while it has the focus reach the list instead, and up and down go
+/// on from where it was. An item may be deleted at any time, also in a slot of its own; its row is empty then.
+///
+/// What is out of sight costs next to nothing: a row that never was in view is refreshed with the list, but hidden (its
+/// isVisible() is false) until it first comes into view; setFocusAtItem() brings it there. A row that has left the view
+/// stays shown and stands somewhere outside of it.
 class WIDGET_EXPORT WidgetList : public Widget
 {
     Q_OBJECT
@@ -93,7 +99,8 @@ public:
     /// are dead at once.
     void removeAllItems();
 
-    /// Hides or shows \a row. Up and down pass over hidden rows. A row that does not exist is ignored with a log line.
+    /// Hides or shows \a row. Up and down pass over hidden rows. A row that comes back has not the focus: where it had
+    /// it before, the list has kept it. A row that does not exist is ignored with a log line.
     void hideItem(int row);
     void showItem(int row);
 
@@ -130,12 +137,12 @@ protected:
     virtual void keyReleaseEvent(QKeyEvent *event);
 
 private:
-    WidgetListItem *itemAt(int row) const;
     void refreshUnseen(int row);
     void focusRow(int row);
     void moveTo(int row);
     void click();
-    void forgetShortcuts(QWidget *item);
+    void removeItem(int row);
+    void forgetShortcuts(WidgetListItem *item);
 
     bool holdsLongEnough(QKeyEvent *event, bool &longPressed, int &repeatCount);
     void handleUpRelease(QKeyEvent *event);

@@ -1,10 +1,10 @@
 #include "widgetlistitem.h"
 
 #include "platform/logging.h"
+#include "rowtable.h"
 #include "widgetdetails.h"
 #include "widgetmarqueelable.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QStackedWidget>
@@ -107,13 +107,14 @@ WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
       m_fittedValue(new FittedText),
       m_marqueeTimer(0),
       m_refreshedUnseen(false),
-      m_row(-1)
+      m_table(0),
+      m_row(-1),
+      m_wasShown(false)
 {
     // The style engine keeps what it makes of each widget that it dresses, and the toolkit has it dress much that nobody
     // sees: every new widget at the next turn of the event loop, and, when something is shown, all of its descendants
-    // that are not below one that is dressed already. With the row done now, the requests of its children withdrawn, and
+    // that are not below one that is dressed already. With the row done now, the requests of its children refused, and
     // hidden from the start what many rows never show, each child is dressed when it is seen.
-    QCoreApplication::removePostedEvents(this, QEvent::PolishRequest);
     ensurePolished();
 
     m_titleLabel = new WidgetMarqueeLable(this);
@@ -132,11 +133,8 @@ WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
 
     m_titleFont = m_titleLabel->font();
     m_valueFont = m_valueLabel->font();
-    for (int i = 0; i < children().size(); ++i) {
-        QCoreApplication::removePostedEvents(children().at(i), QEvent::PolishRequest);
+    for (int i = 0; i < children().size(); ++i)
         children().at(i)->installEventFilter(this);
-    }
-    m_serialNumLabel->hide();
     m_valueStack->hide();
     m_prevArrow->hide();
     m_nextArrow->hide();
@@ -144,6 +142,8 @@ WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
 
 WidgetListItem::~WidgetListItem()
 {
+    if (m_table)
+        m_table->forget(this);
     delete m_fittedTitle;
     delete m_fittedValue;
 }
@@ -155,7 +155,7 @@ void WidgetListItem::setTitle(QString title, bool defaultFont)
     m_title = title;
     if (m_titleType == TitleWidget)
         warnOfMix("setTitle", 56);
-    m_titleType = TitleText;
+    setTitleType(TitleText);
 }
 
 void WidgetListItem::setTitle(QWidget *title)
@@ -165,7 +165,15 @@ void WidgetListItem::setTitle(QWidget *title)
     m_titleStack->addWidget(title);
     if (m_titleType == TitleText)
         warnOfMix("setTitle", 66);
-    m_titleType = TitleWidget;
+    setTitleType(TitleWidget);
+}
+
+void WidgetListItem::setTitleType(TitleType type)
+{
+    // From now on the layout decides whether the badge is seen. Until then it need not be dressed.
+    if (m_titleType == TitleNone && !isVisible())
+        m_serialNumLabel->hide();
+    m_titleType = type;
 }
 
 void WidgetListItem::addValue(QString value)
@@ -504,10 +512,10 @@ void WidgetListItem::setDefaultFont()
 {
     const bool valueBelow = hasValue() && !m_valueOnRightSide;
     m_titleFont = defaultFont(valueBelow ? 12 : 15, true);
-    m_titleLabel->setFont(m_titleFont);
-    m_serialNumLabel->setFont(defaultFont(11, true));
+    applyFont(m_titleLabel, m_titleFont);
+    applyFont(m_serialNumLabel, defaultFont(11, true));
     m_valueFont = defaultValueFont();
-    m_valueLabel->setFont(m_valueFont);
+    applyFont(m_valueLabel, m_valueFont);
 }
 
 void WidgetListItem::showEvent(QShowEvent *)
@@ -515,6 +523,7 @@ void WidgetListItem::showEvent(QShowEvent *)
     if (!m_refreshedUnseen)
         refresh();
     m_refreshedUnseen = false;
+    m_wasShown = true;
 }
 
 bool WidgetListItem::event(QEvent *event)
@@ -530,6 +539,11 @@ bool WidgetListItem::event(QEvent *event)
         if (stopMarquee())
             updateTitle();
         break;
+    case QEvent::Paint:
+        // Into a picture of a row that nobody has seen yet: the toolkit dresses what it shows, not what it only paints.
+        if (!isVisible())
+            dressParts();
+        break;
     default:
         break;
     }
@@ -538,16 +552,34 @@ bool WidgetListItem::event(QEvent *event)
 
 bool WidgetListItem::eventFilter(QObject *watched, QEvent *event)
 {
-    // Until a child is dressed, the style of the list that the row moves into concerns it no more than the engine's memory.
-    const QWidget *child = qobject_cast<QWidget *>(watched);
-    if (child && event->type() == QEvent::StyleChange && !child->testAttribute(Qt::WA_WState_Polished))
+    switch (event->type()) {
+    case QEvent::PolishRequest:
         return true;
-    // Nobody tells the row that its m_marquee has been switched off.
-    if (watched == m_titleLabel && event->type() == QEvent::Timer && !m_marquee && stopMarquee()) {
-        updateTitle();
-        return true;
+    case QEvent::StyleChange:
+        // Until a child is dressed, the style of the list that the row moves into concerns only the engine's memory.
+        if (watched->isWidgetType() && !static_cast<QWidget *>(watched)->testAttribute(Qt::WA_WState_Polished))
+            return true;
+        break;
+    case QEvent::Timer:
+        // Nobody tells the row that its m_marquee has been switched off.
+        if (watched == m_titleLabel && !m_marquee && stopMarquee()) {
+            updateTitle();
+            return true;
+        }
+        break;
+    default:
+        break;
     }
     return Widget::eventFilter(watched, event);
+}
+
+void WidgetListItem::dressParts()
+{
+    for (int i = 0; i < children().size(); ++i) {
+        QWidget *child = qobject_cast<QWidget *>(children().at(i));
+        if (child && !child->isHidden())
+            child->ensurePolished();
+    }
 }
 
 void WidgetListItem::dressFocused()

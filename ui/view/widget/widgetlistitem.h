@@ -12,6 +12,7 @@ class QKeyEvent;
 class QLabel;
 class QShowEvent;
 class QStackedWidget;
+class RowTable;
 class WidgetMarqueeLable;
 
 /// One row of a settings list: a title, and a value that the user changes with the left and right keys; or a row that
@@ -192,14 +193,18 @@ protected:
     virtual void keyReleaseEvent(QKeyEvent *event);
 
 private:
+    friend class RowTable;
     friend class WidgetList;
 
     FittedText *m_fittedTitle;
     FittedText *m_fittedValue;
     int m_marqueeTimer;      // 0: the title does not scroll
     bool m_refreshedUnseen;  // by its list, which shows the row when it comes into view
-    int m_row;               // of its list that it was last put into; -1: none yet
+    RowTable *m_table;       // that holds the row; 0: none
+    int m_row;               // of m_table that it was put into
+    bool m_wasShown;         // since it was put there
 
+    void setTitleType(TitleType type);
     bool hasValue() const;
     bool hasBadge() const;
     bool hasSeveralValues() const;
@@ -213,6 +218,7 @@ private:
     QRect titleRect() const;
     bool placeArrow(QLabel *arrow, bool wanted, const QString &sheet, int x);
 
+    void dressParts();
     void dressFocused();
     void dressUnfocused();
     void dress(bool focused);

@@ -9,7 +9,8 @@ class QLabel;
 
 /// A title bar of one line: white bold text at the left on dark grey (#474242), with an ellipsis where it is too long.
 ///
-/// The bar is 220 by 38 pixels. It takes no keys and no focus.
+/// The bar is 220 by 38 pixels, and so is the title's place: the text begins at x 0, at the very edge, unless
+/// setItemGeometry() moves it. The bar takes no keys and no focus.
 class WIDGET_EXPORT WidgetSimpleTitle : public Widget
 {
     Q_OBJECT

@@ -228,7 +228,7 @@ void WidgetSwitcher::dressPages(int index)
         if (i == index)
             m_pageOffLabels[i]->hide();
         else
-            showWithParent(m_pageOffLabels[i]);
+            m_pageOffLabels[i]->show();
     }
     placePageOnLabel(index);
     applyStyleSheet(m_pageOnLabel, m_pageOnStyle);
