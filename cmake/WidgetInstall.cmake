@@ -1,24 +1,57 @@
-# Installs the library for applications: find_package(libwidget), target libwidget::widget.
+# Installs what applications use, for find_package(libwidget):
+#   libwidget::widget                   the library
+#   libwidget::widget-desktop-platform  the platform for a PC, as component desktop-platform
+#   libwidget_add_default_pictures()    the pictures that the widgets need
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-function(widget_install)
-    set(headers ${CMAKE_INSTALL_INCLUDEDIR}/libwidget)
-    set(package ${CMAKE_INSTALL_LIBDIR}/cmake/libwidget)
+set(widget_header_dir ${CMAKE_INSTALL_INCLUDEDIR}/libwidget)
+set(widget_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/libwidget)
+set(widget_picture_dir ${CMAKE_INSTALL_DATADIR}/libwidget/pictures)
 
+function(widget_install)
     install(TARGETS widget widget-qt EXPORT libwidget-targets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        INCLUDES DESTINATION ${headers})
-    install(FILES ${ARGN} DESTINATION ${headers})
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform DESTINATION ${headers}
+        INCLUDES DESTINATION ${widget_header_dir})
+    install(FILES ${ARGN} DESTINATION ${widget_header_dir})
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform DESTINATION ${widget_header_dir}
         FILES_MATCHING PATTERN "*.h" PATTERN desktop EXCLUDE)
 
-    install(EXPORT libwidget-targets NAMESPACE libwidget:: DESTINATION ${package})
+    install(EXPORT libwidget-targets NAMESPACE libwidget:: DESTINATION ${widget_package_dir})
     configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-config.cmake.in
-        ${PROJECT_BINARY_DIR}/libwidget-config.cmake INSTALL_DESTINATION ${package})
+        ${PROJECT_BINARY_DIR}/libwidget-config.cmake
+        INSTALL_DESTINATION ${widget_package_dir}
+        PATH_VARS widget_picture_dir)
     write_basic_package_version_file(${PROJECT_BINARY_DIR}/libwidget-config-version.cmake
         COMPATIBILITY SameMajorVersion)
     install(FILES ${PROJECT_BINARY_DIR}/libwidget-config.cmake ${PROJECT_BINARY_DIR}/libwidget-config-version.cmake
-        DESTINATION ${package})
+        DESTINATION ${widget_package_dir})
+endfunction()
+
+function(widget_install_desktop_platform)
+    install(TARGETS widget-desktop-platform EXPORT libwidget-desktop-platform-targets
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        INCLUDES DESTINATION ${widget_header_dir})
+    install(FILES ${ARGN} DESTINATION ${widget_header_dir}/platform/desktop)
+
+    install(EXPORT libwidget-desktop-platform-targets NAMESPACE libwidget:: DESTINATION ${widget_package_dir})
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-desktop-platform.cmake.in
+        ${PROJECT_BINARY_DIR}/libwidget-desktop-platform.cmake @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/libwidget-desktop-platform.cmake ${PROJECT_SOURCE_DIR}/cmake/WidgetSdl.cmake
+        DESTINATION ${widget_package_dir})
+endfunction()
+
+# Installs the resource file \a qrc with the pictures that it lists, which stand beside it.
+function(widget_install_pictures qrc)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${qrc})
+    get_filename_component(directory ${qrc} ABSOLUTE)
+    get_filename_component(directory ${directory} DIRECTORY)
+    file(STRINGS ${qrc} lines REGEX "<file>")
+    set(pictures)
+    foreach(line IN LISTS lines)
+        string(REGEX REPLACE "^ *<file>(.*)</file>$" "${directory}/\\1" picture "${line}")
+        list(APPEND pictures ${picture})
+    endforeach()
+    install(FILES ${qrc} ${pictures} DESTINATION ${widget_picture_dir})
 endfunction()

@@ -8,7 +8,7 @@ if(WIDGET_SANITIZE)
         message(FATAL_ERROR "WIDGET_SANITIZE is '${WIDGET_SANITIZE}', but must be thread, address,undefined or empty.")
     endif()
     # Items and formats outside their enumerations are taken on purpose, and rejected or given a meaning.
-    set(sanitize -fsanitize=${WIDGET_SANITIZE} -fno-sanitize=enum)
+    set(sanitize -fsanitize=${WIDGET_SANITIZE} -fno-sanitize=enum -fno-sanitize-recover=all)
     add_compile_options(${sanitize} -g -fno-omit-frame-pointer)
     add_link_options(${sanitize})
     message(STATUS "Building with -fsanitize=${WIDGET_SANITIZE}")

@@ -4,16 +4,28 @@
 
 #include "platform/desktop/desktopclock.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
-#include <numeric>
+#include <cstdio>
 
 namespace {
 
 const int LargestZoom = 4;
 const int HelpIndent = 18;
 
+QString s_commandName = QStringLiteral("simulator");
+
 /// How an option is taken over: from \a value into the options. Returns what is wrong with it, or nothing.
 using Take = QString (*)(Options &options, const QString &value);
+
+/// Options of which one would have no effect beside the other.
+struct Clash
+{
+    const char *option;
+    const char *other;  // null for any
+    const char *advice;
+};
 
 struct Option
 {
@@ -79,10 +91,18 @@ QString takeLogLevel(Options &options, const QString &value)
                           "0 for nothing.").arg(value);
 }
 
-QString takeFile(QString &file, const QString &value)
+QString takeName(QString &name, const QString &value)
 {
-    file = value;
+    name = value;
     return value.isEmpty() ? QStringLiteral("The name is empty.") : QString();
+}
+
+QString takePictureName(Options &options, const QString &value)
+{
+    const QString suffix = QFileInfo(value).suffix();
+    if (!suffix.isEmpty() && suffix.compare(QLatin1String("png"), Qt::CaseInsensitive) != 0)
+        return QStringLiteral("Pictures are PNG files, and \"%1\" says otherwise. End the name with .png.").arg(value);
+    return takeName(options.picture, value);
 }
 
 const Option optionTable[] = {
@@ -93,10 +113,10 @@ const Option optionTable[] = {
                        "F1 to F4, OK, ESC; up, down, left and right in the key mode in force.\n"
                        "8:long holds a key for 12 repeats, wait:250 waits for 250 milliseconds.", takeKeys},
     {"--picture", "FILE", "Write a picture of the display to this PNG file, after the keys, and end.",
-     [](Options &options, const QString &value) { return takeFile(options.picture, value); }},
+     takePictureName},
     {"--tour", "DIR", "Write pictures of all screens and their main states to this directory,\n"
                       "and end. The time is 2026-03-07 13:05:09 unless --time is given.",
-     [](Options &options, const QString &value) { return takeFile(options.tour, value); }},
+     [](Options &options, const QString &value) { return takeName(options.tour, value); }},
     {"--with-keys", nullptr, "Have the whole device in the pictures, not the display only.",
      [](Options &options, const QString &) { options.withKeys = true; return QString(); }},
     {"--zoom", "N", "Magnify 1 to 4 times: 2 in a window and 1 in pictures if not given.", takeZoom},
@@ -119,46 +139,90 @@ const Option *findOption(const QString &name)
     return nullptr;
 }
 
-/// How many letters have to be added, taken away or changed to make \a a of \a b.
-int distance(const QString &a, const QString &b)
+const Clash clashes[] = {
+    {"--list-screens", nullptr, "It prints the names of the screens and ends. Give it alone."},
+    {"--tour", "--picture", "Give one of them."},
+    {"--tour", "--screen", "The tour goes to all screens. For a picture of one, give --picture FILE."},
+    {"--tour", "--keys", "The tour has keys of its own. For a picture after yours, give --picture FILE."},
+};
+
+QString clashAmong(const QStringList &given)
 {
-    std::vector<int> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), 0);
-    for (int i = 0; i < int(a.size()); ++i) {
-        int diagonal = row[0]++;
-        for (int j = 0; j < int(b.size()); ++j) {
-            const int changed = diagonal + (a[i] == b[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
+    for (const Clash &clash : clashes) {
+        const QString option = QString::fromLatin1(clash.option);
+        if (!given.contains(option))
+            continue;
+        for (const QString &other : given) {
+            if (clash.other ? other == QLatin1String(clash.other) : other != option)
+                return QStringLiteral("%1 and %2 do not go together. %3")
+                    .arg(option, other, QLatin1String(clash.advice));
         }
     }
-    return row.back();
+    return QString();
+}
+
+/// How many letters have to be added, taken away, changed or swapped with the next to make \a of \a b.
+int distance(const QString &a, const QString &b)
+{
+    std::vector<std::vector<int>> rows(a.size() + 1, std::vector<int>(b.size() + 1));
+    for (int i = 0; i <= int(a.size()); ++i) {
+        for (int j = 0; j <= int(b.size()); ++j) {
+            int &here = rows[i][j];
+            here = i + j;
+            if (i == 0 || j == 0)
+                continue;
+            here = std::min({rows[i - 1][j] + 1, rows[i][j - 1] + 1, rows[i - 1][j - 1] + (a[i - 1] != b[j - 1])});
+            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
+                here = std::min(here, rows[i - 2][j - 2] + 1);
+        }
+    }
+    return rows[a.size()][b.size()];
+}
+
+/// Whether someone who means \a known may well have written \a name.
+bool isNear(const QString &name, const QString &known)
+{
+    const bool isBeginning = name.size() >= 3 && known.startsWith(name);
+    return isBeginning || distance(name, known) <= std::max(1, int(known.size()) / 4);
+}
+
+QString withoutDashes(const QString &name)
+{
+    QString word = name.toLower();
+    while (word.startsWith(QLatin1Char('-')))
+        word.remove(0, 1);
+    return word;
 }
 
 QString unknownOption(const QString &name)
 {
+    const QString unknown = QStringLiteral("There is no option \"%1\". ").arg(name);
+    if (findScreen(name))
+        return unknown + QStringLiteral("Do you mean --screen %1?").arg(name);
     for (const Option &option : optionTable) {
         const QString known = QString::fromLatin1(option.name);
-        if (distance(name, known) <= 3)
-            return QStringLiteral("There is no option \"%1\". Do you mean %2?").arg(name, known);
+        if (isNear(withoutDashes(name), withoutDashes(known)))
+            return unknown + QStringLiteral("Do you mean %1?").arg(known);
     }
-    return QStringLiteral("There is no option \"%1\". --help shows all options.").arg(name);
+    return unknown + QStringLiteral("%1 --help shows all options.").arg(commandName());
 }
 
-QString takeArgument(Options &options, const QString &argument, QStringList &rest)
+/// Takes over \a argument, and of the \a rest its value. Notes its name in \a given.
+QString takeArgument(Options &options, const QString &argument, QStringList &rest, QStringList &given)
 {
     const QString name = argument == QLatin1String("-h") ? QStringLiteral("--help")
                                                          : argument.section(QLatin1Char('='), 0, 0);
     const Option *option = findOption(name);
     if (!option)
         return unknownOption(name);
+    given += name;
 
     const bool hasValue = argument.contains(QLatin1Char('='));
     if (!option->value) {
         return hasValue ? QStringLiteral("%1 takes no value. Write %1 alone.").arg(name)
                         : option->take(options, QString());
     }
-    if (!hasValue && rest.isEmpty())
+    if (!hasValue && (rest.isEmpty() || rest.first().startsWith(QLatin1String("--"))))
         return QStringLiteral("%1 needs a value. Write %1 %2.").arg(name, QLatin1String(option->value));
     const QString value = hasValue ? argument.section(QLatin1Char('='), 1) : rest.takeFirst();
     const QString error = option->take(options, value);
@@ -173,17 +237,19 @@ Options parseCommandLine(const QStringList &arguments, QString *error)
     Options options;
     options.screen = QString::fromLatin1(allScreens().front().name);
     QStringList rest = arguments;
+    QStringList given;
     while (!rest.isEmpty() && error->isEmpty())
-        *error = takeArgument(options, rest.takeFirst(), rest);
-    if (error->isEmpty() && !options.picture.isEmpty() && !options.tour.isEmpty())
-        *error = QStringLiteral("--picture and --tour do not go together. Give one of them.");
+        *error = takeArgument(options, rest.takeFirst(), rest, given);
+    options.startsElsewhere = given.contains(QStringLiteral("--screen")) || given.contains(QStringLiteral("--keys"));
+    if (error->isEmpty() && !options.help)
+        *error = clashAmong(given);
     return options;
 }
 
 QString helpText()
 {
     QString help = QStringLiteral("The device on a PC: its display, and its keys to click or to type.\n\n"
-                                  "Usage: simulator [OPTION]...\n\n");
+                                  "Usage: %1 [OPTION]...\n\n").arg(commandName());
     const QString newLine = QLatin1Char('\n') + QString(HelpIndent + 3, QLatin1Char(' '));
     for (const Option &option : optionTable) {
         QString name = QString::fromLatin1(option.name);
@@ -194,8 +260,24 @@ QString helpText()
     }
     help += QStringLiteral(
         "\nOn the PC's keyboard: digits, *, #, F1 to F4, Return for OK, Esc, and the arrows for up,\n"
-        "down, left and right. Pictures need no display. Without one and without --picture or --tour,\n"
-        "the tour goes to the directory \"pictures\".\n"
-        "The exit status is 0, 1 if a picture could not be written, or 2 if an option was wrong.\n");
+        "down, left and right. Pictures need no display. Where none answers, a tour to the directory\n"
+        "\"pictures\" takes the place of the window.\n"
+        "The exit status is 0, 1 if something could not be written or shown, or 2 if an option was\n"
+        "wrong.\n");
     return help;
+}
+
+void setCommandName(const char *name)
+{
+    s_commandName = QString::fromLocal8Bit(name);
+}
+
+QString commandName()
+{
+    return s_commandName;
+}
+
+void complain(const QString &message)
+{
+    std::fprintf(stderr, "%s: %s\n", qPrintable(commandName()), qPrintable(message));
 }

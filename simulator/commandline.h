@@ -14,6 +14,7 @@ struct Options
     bool listScreens = false;
     QString screen;  ///< a name in allScreens()
     Script keys;
+    bool startsElsewhere = false;  ///< whether a screen or keys were given
     QString picture;  ///< a file to write the picture to; empty for none
     QString tour;     ///< a directory to write the pictures of all screens to; empty for none
     bool withKeys = false;
@@ -22,6 +23,8 @@ struct Options
     bool rightToLeft = false;
     QString time;       ///< what the local time has been stopped at; empty if it runs
     int logLevel = -1;  ///< -1 if not given
+
+    bool wantsPictures() const { return !picture.isEmpty() || !tour.isEmpty(); }
 };
 
 /// Reads \a arguments, without the program's name. What is wrong and what would be right goes into \a error, which
@@ -30,5 +33,12 @@ Options parseCommandLine(const QStringList &arguments, QString *error);
 
 /// What --help shows.
 QString helpText();
+
+/// What the user types to start the simulator: how main() was called. "simulator" until it is set.
+void setCommandName(const char *name);
+QString commandName();
+
+/// Says what is wrong on standard error.
+void complain(const QString &message);
 
 #endif

@@ -25,16 +25,16 @@ void Device::open(const QString &name)
         showMessage(text("There is no such screen"));
         return;
     }
-    push(screen->create(*this));
+    push(screen->create(*this), screen->barHeight);
 }
 
-void Device::push(QWidget *screen)
+void Device::push(QWidget *screen, int barHeight)
 {
     if (!m_screens.empty())
         m_screens.back().lastFocus = focusWidget();
     screen->setGeometry(0, 0, Width, Height);
     screen->setAutoFillBackground(true);
-    m_screens.push_back({screen, nullptr});
+    m_screens.push_back({screen, nullptr, barHeight});
     setKeyModeOfWidgets();
     screen->show();
     if (!screen->isAncestorOf(focusWidget()))
@@ -67,7 +67,7 @@ void Device::start(const QString &name)
 
 void Device::showMessage(const QString &text)
 {
-    m_message->showText(text);
+    m_message->showText(text, m_screens.empty() ? TitleBarHeight : m_screens.back().barHeight);
 }
 
 void Device::press(int key)

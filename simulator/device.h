@@ -21,6 +21,7 @@ class Device : public QWidget
 public:
     static constexpr int Width = 220;
     static constexpr int Height = 176;
+    static constexpr int TitleBarHeight = 38;  // the library's
 
     Device(KeyMode keyMode, QWidget *parent);
 
@@ -30,8 +31,8 @@ public:
     void open(const QString &name);
 
     /// Opens \a screen, a child of the device, in the same way: one that needs to be told something, or has something
-    /// to tell.
-    void push(QWidget *screen);
+    /// to tell. Its messages show in place of the bar at its top, which is \a barHeight high.
+    void push(QWidget *screen, int barHeight = TitleBarHeight);
 
     /// Closes the screen on top and returns to the one below, at the row that had the focus. The first screen stays.
     /// A screen may call this from anywhere: it is deleted later.
@@ -40,7 +41,7 @@ public:
     /// Closes all screens and starts with the screen \a name.
     void start(const QString &name);
 
-    /// Shows a few words in place of the title bar, for two seconds or up to the next key.
+    /// Shows a few words in place of the bar at the top, for two seconds or up to the next key.
     void showMessage(const QString &text);
 
     KeyMode keyMode() const { return m_keyMode; }
@@ -72,6 +73,7 @@ private:
     {
         QWidget *widget;
         QPointer<QWidget> lastFocus;
+        int barHeight;
     };
 
     void closeTop();

@@ -1,6 +1,6 @@
 #include "devicewindow.h"
 
-#include "keybutton.h"
+#include "keypages.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -10,29 +10,24 @@
 
 namespace {
 
-const KeyButton::Face faces[] = {
-    {Qt::Key_F1, "F1", ""},
-    {Qt::Key_F2, "F2", ""},
-    {Qt::Key_F3, "F3", ""},
-    {Qt::Key_F4, "F4", ""},
-    {Qt::Key_Escape, "ESC", ""},
-    {Qt::Key_Menu, "OK", ""},
-    {Qt::Key_1, "1", ""},
-    {Qt::Key_2, "2", "ABC"},
-    {Qt::Key_3, "3", "DEF"},
-    {Qt::Key_4, "4", "GHI"},
-    {Qt::Key_5, "5", "JKL"},
-    {Qt::Key_6, "6", "MNO"},
-    {Qt::Key_7, "7", "PQRS"},
-    {Qt::Key_8, "8", "TUV"},
-    {Qt::Key_9, "9", "WXYZ"},
-    {Qt::Key_Asterisk, "*", ""},
-    {Qt::Key_0, "0", "+"},
-    {Qt::Key_NumberSign, "#", ""},
+const KeyButton::Face functionKeys[] = {
+    {Qt::Key_F1, "F1"},
+    {Qt::Key_F2, "F2"},
+    {Qt::Key_F3, "F3"},
+    {Qt::Key_F4, "F4"},
 };
-const int FirstFunctionKey = 0;
-const int FirstCommandKey = 4;
-const int FirstDigitKey = 6;
+
+const KeyButton::Face commandKeys[] = {
+    {Qt::Key_Escape, "ESC"},
+    {Qt::Key_Menu, "OK"},
+};
+
+const KeyButton::Face keypadKeys[4][3] = {
+    {{Qt::Key_1, "1"}, {Qt::Key_2, "2"}, {Qt::Key_3, "3"}},
+    {{Qt::Key_4, "4"}, {Qt::Key_5, "5"}, {Qt::Key_6, "6"}},
+    {{Qt::Key_7, "7"}, {Qt::Key_8, "8"}, {Qt::Key_9, "9"}},
+    {{Qt::Key_Asterisk, "*"}, {Qt::Key_0, "0"}, {Qt::Key_NumberSign, "#"}},
+};
 
 // Pixels.
 const int Margin = 20;
@@ -42,6 +37,13 @@ const int ColumnGap = 22;
 
 // Milliseconds.
 const int ReleaseDelay = 20;
+
+/// What the key in this place of the keypad types beside its digit.
+QString lettersOn(int row, int column)
+{
+    QString letters = QString::fromUtf8(alphabets[0].capitals.keys[row][column]);
+    return letters.remove(QLatin1String(keypadKeys[row][column].label));
+}
 
 }
 
@@ -81,7 +83,7 @@ void DeviceWindow::placeFunctionKeys()
     const int width = (m_functionKeys.width() - 3 * Gap) / 4;
     for (int i = 0; i < 4; ++i) {
         const int x = m_functionKeys.left() + i * (m_functionKeys.width() - width) / 3;
-        addKey(FirstFunctionKey + i, QRect(x, m_functionKeys.top(), width, m_functionKeys.height()));
+        addKey(functionKeys[i], QString(), QRect(x, m_functionKeys.top(), width, m_functionKeys.height()));
     }
 }
 
@@ -95,17 +97,19 @@ void DeviceWindow::placeKeypad()
     m_keypad = QRect(QPoint(m_bezel.right() + 1 + ColumnGap, m_functionKeys.bottom() + 1 - size.height()), size);
 
     const int wide = (size.width() - Gap) / 2;
-    addKey(FirstCommandKey, QRect(m_keypad.left(), m_keypad.top(), wide, height));
-    addKey(FirstCommandKey + 1, QRect(m_keypad.right() + 1 - wide, m_keypad.top(), wide, height));
-    for (int i = 0; i < 12; ++i) {
-        const QPoint corner(m_keypad.left() + i % 3 * (width + Gap), m_keypad.top() + (1 + i / 3) * (height + Gap));
-        addKey(FirstDigitKey + i, QRect(corner, QSize(width, height)));
+    addKey(commandKeys[0], QString(), QRect(m_keypad.left(), m_keypad.top(), wide, height));
+    addKey(commandKeys[1], QString(), QRect(m_keypad.right() + 1 - wide, m_keypad.top(), wide, height));
+    for (int row = 0; row < 4; ++row) {
+        for (int column = 0; column < 3; ++column) {
+            const QPoint corner(m_keypad.left() + column * (width + Gap), m_keypad.top() + (1 + row) * (height + Gap));
+            addKey(keypadKeys[row][column], lettersOn(row, column), QRect(corner, QSize(width, height)));
+        }
     }
 }
 
-void DeviceWindow::addKey(int face, const QRect &rect)
+void DeviceWindow::addKey(const KeyButton::Face &face, const QString &letters, const QRect &rect)
 {
-    KeyButton *key = new KeyButton(faces[face], m_device, this);
+    KeyButton *key = new KeyButton(face, letters, m_device, this);
     key->setGeometry(rect);
     m_keys.append(key);
 }

@@ -2,6 +2,7 @@
 #define DEVICEWINDOW_H
 
 #include "device.h"
+#include "keybutton.h"
 #include "magnifier.h"
 
 #include <QHash>
@@ -9,7 +10,6 @@
 #include <QTimer>
 #include <QWidget>
 
-class KeyButton;
 class QKeyEvent;
 
 /// The device as a person sees it: its body with the magnified display and the keys.
@@ -38,7 +38,7 @@ private:
     void placeDisplay();
     void placeFunctionKeys();
     void placeKeypad();
-    void addKey(int face, const QRect &rect);
+    void addKey(const KeyButton::Face &face, const QString &letters, const QRect &rect);
     int keyOf(QKeyEvent *event);
     void handlePress(int key, QKeyEvent *event);
     void handleRelease(int key, QKeyEvent *event);

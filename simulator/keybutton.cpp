@@ -19,7 +19,7 @@ struct Paint
     QColor letters;
 };
 
-const Paint darkKey = {0x625c5c, 0x4a4545, 0x1b1617, 0xf8f7f6, 0xb8b0b0};
+const Paint darkKey = {0x625c5c, 0x4a4545, 0x1b1617, 0xf8f7f6, 0xd4cccc};
 const Paint darkKeyDown = {0x3b3636, 0x453f3f, 0xf7ce86, 0xf7ce86, 0xf7ce86};
 const Paint okKey = {0xfbdfac, 0xf0bd68, 0x1b1617, 0x1f1618, 0x594b4f};
 const Paint okKeyDown = {0xd9a650, 0xe5b45f, 0xf8f7f6, 0x1f1618, 0x594b4f};
@@ -36,6 +36,14 @@ QFont fontOf(int pixels, bool bold)
     QFont font;
     font.setPixelSize(pixels);
     font.setBold(bold);
+    return font;
+}
+
+/// Signs are smaller and narrower than letters of their size.
+QFont signFont(int pixels)
+{
+    QFont font = fontOf(pixels * 5 / 4, true);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, pixels / 6.0);
     return font;
 }
 
@@ -62,9 +70,10 @@ int quarterTurns(int key, KeyMode mode)
 
 }
 
-KeyButton::KeyButton(const Face &face, Device &device, QWidget *parent)
+KeyButton::KeyButton(const Face &face, const QString &letters, Device &device, QWidget *parent)
     : QWidget(parent),
       m_face(face),
+      m_letters(letters),
       m_device(device)
 {
     setFocusPolicy(Qt::NoFocus);
@@ -100,7 +109,7 @@ void KeyButton::paintEvent(QPaintEvent *)
     painter.setPen(QPen(paint.edge, 1));
     painter.drawRoundedRect(body, radius, radius);
 
-    const bool hasLetters = *m_face.letters;
+    const bool hasLetters = !m_letters.isEmpty();
     const int labelSize = qBound(12, height() * (hasLetters ? 38 : 42) / 100, 34);
     const int lettersSize = qBound(8, height() * 19 / 100, 16);
     QRect labelRect = rect();
@@ -108,10 +117,10 @@ void KeyButton::paintEvent(QPaintEvent *)
         const int used = labelSize + lettersSize + 1;
         const int top = (height() - used) / 2;
         labelRect = QRect(0, top - labelSize / 10, width(), labelSize);
-        painter.setFont(fontOf(lettersSize, false));
+        painter.setFont(m_letters.at(0).isLetter() ? fontOf(lettersSize, false) : signFont(lettersSize));
         painter.setPen(paint.letters);
         painter.drawText(QRect(0, top + labelSize + 1, width(), lettersSize), Qt::AlignCenter | Qt::TextDontClip,
-                         QString::fromUtf8(m_face.letters));
+                         m_letters);
     }
     painter.setFont(fontOf(labelSize, true));
     painter.setPen(paint.label);

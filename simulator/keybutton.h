@@ -10,15 +10,15 @@ class Device;
 class KeyButton : public QWidget
 {
 public:
-    /// What stands on a key.
+    /// A key, and what stands on it.
     struct Face
     {
         int key;
         const char *label;
-        const char *letters;  ///< below the label; may be empty
     };
 
-    KeyButton(const Face &face, Device &device, QWidget *parent);
+    /// \a letters stand below the label and may be empty.
+    KeyButton(const Face &face, const QString &letters, Device &device, QWidget *parent);
 
     int key() const { return m_face.key; }
 
@@ -32,6 +32,7 @@ protected:
 
 private:
     const Face m_face;
+    const QString m_letters;
     Device &m_device;
     QTimer m_repeatTimer;
     bool m_down = false;

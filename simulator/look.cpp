@@ -1,10 +1,10 @@
 #include "look.h"
 
+#include "commandline.h"
+
 #include <QApplication>
 #include <QFontInfo>
 #include <QPalette>
-
-#include <cstdio>
 
 namespace {
 
@@ -45,7 +45,7 @@ void applyLook()
 
     QFont font(QString::fromLatin1(FontFamily), 12);
     if (!QFontInfo(font).exactMatch())
-        std::fprintf(stderr, "simulator: the font \"%s\" is not there, so pictures will differ.\n", FontFamily);
+        complain(QStringLiteral("the font \"%1\" is not there, so pictures will differ.").arg(QLatin1String(FontFamily)));
     font.setHintingPreference(QFont::PreferFullHinting);
     font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
     QApplication::setFont(font);

@@ -3,6 +3,7 @@
 #include "look.h"
 #include "screens.h"
 #include "script.h"
+#include "toolkitstart.h"
 #include "tour.h"
 
 #include "platform/desktop/desktopclock.h"
@@ -12,12 +13,11 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QTimer>
 
+#include <cerrno>
 #include <cstdio>
-
-#include <unistd.h>
+#include <cstring>
 
 namespace {
 
@@ -29,36 +29,23 @@ const char DefaultTour[] = "pictures";
 /// A person wants to see what a script does.
 const int PauseInWindow = 60;
 
-bool hasDisplay()
-{
-    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-    if (!platform.isEmpty())
-        return !platform.startsWith("offscreen") && !platform.startsWith("minimal");
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-}
-
-/// The toolkit wants a directory of the session, and complains on standard error where the PC has none.
-void provideRuntimeDirectory()
-{
-    if (!qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
-        return;
-    const QString directory = QStringLiteral("%1/runtime-%2").arg(QDir::tempPath()).arg(geteuid());
-    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(directory));
-}
-
-QtMessageHandler s_printMessage = nullptr;
-
-/// The bar of four cells provokes a warning of the toolkit on purpose, with each of its keys.
-void printMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
-{
-    if (!message.contains(QLatin1String("No such slot WidgetKeypadBottom::clearSelection()")))
-        s_printMessage(type, context, message);
-}
-
 void listScreens()
 {
     for (const Screen &screen : allScreens())
         std::printf("%-12s %s\n", screen.name, screen.description);
+}
+
+/// Without a display there can be pictures still. Returns false if they would not be what was asked for.
+bool takePicturesInstead(Options &options)
+{
+    if (options.startsElsewhere) {
+        complain(QStringLiteral("there is no display here. Give --picture FILE for a picture of what --screen and --keys "
+                                "lead to."));
+        return false;
+    }
+    std::printf("There is no display here, so the simulator takes pictures of all screens instead.\n");
+    options.tour = QString::fromLatin1(DefaultTour);
+    return true;
 }
 
 /// Sets up what the device around the screens is like.
@@ -81,44 +68,49 @@ int takePictures(DeviceWindow &window, const Options &options)
     return Done;
 }
 
+/// \a status, unless what has been printed did not all arrive.
+int afterPrinting(int status)
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return status;
+    complain(QStringLiteral("cannot write to standard output: %1.").arg(QString::fromLocal8Bit(std::strerror(errno))));
+    return status == Done ? Failed : status;
+}
+
 }
 
 int main(int argc, char *argv[])
 {
+    if (argc > 0)
+        setCommandName(argv[0]);
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments += QString::fromLocal8Bit(argv[i]);
     QString error;
     Options options = parseCommandLine(arguments, &error);
     if (!error.isEmpty()) {
-        std::fprintf(stderr, "simulator: %s\n", qPrintable(error));
+        complain(error);
         return WrongUse;
     }
     if (options.help) {
         std::printf("%s", qPrintable(helpText()));
-        return Done;
+        return afterPrinting(Done);
     }
     if (options.listScreens) {
         listScreens();
-        return Done;
+        return afterPrinting(Done);
     }
 
-    bool picturesOnly = !options.picture.isEmpty() || !options.tour.isEmpty();
-    if (!picturesOnly && !hasDisplay()) {
-        std::printf("There is no display here, so the simulator takes pictures of all screens instead.\n");
-        options.tour = QString::fromLatin1(DefaultTour);
-        picturesOnly = true;
-    }
-    if (picturesOnly) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        Desktop::setMuted(true);
-    }
+    if (!options.wantsPictures() && !hasDisplay() && !takePicturesInstead(options))
+        return Failed;
+    const bool picturesOnly = options.wantsPictures();
+    Desktop::setMuted(picturesOnly);
     setUpPlatform(options);
 
-    s_printMessage = qInstallMessageHandler(printMessage);
-    provideRuntimeDirectory();
+    prepareToolkit(argv, !picturesOnly);
     fixLook();
     QApplication application(argc, argv);
+    toolkitHasStarted();
     applyLook();
 
     DeviceWindow window(options.keyMode, options.zoom ? options.zoom : picturesOnly ? 1 : 2);
@@ -133,5 +125,5 @@ int main(int argc, char *argv[])
             play(options.keys, window.device(), PauseInWindow);
         }
     });
-    return application.exec();
+    return afterPrinting(application.exec());
 }

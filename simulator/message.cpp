@@ -1,8 +1,9 @@
 #include "message.h"
 
+#include "device.h"
+
 namespace {
 
-const QRect TitleBar(0, 0, 220, 38);
 const int MessageTime = 2000;
 
 }
@@ -10,7 +11,6 @@ const int MessageTime = 2000;
 Message::Message(QWidget *parent)
     : QLabel(parent)
 {
-    setGeometry(TitleBar);
     setAlignment(Qt::AlignCenter);
     setStyleSheet(QStringLiteral("color: #F7CE86; background-color: #1F1618;"));
     QFont textFont;
@@ -23,8 +23,9 @@ Message::Message(QWidget *parent)
     connect(&m_timer, &QTimer::timeout, this, &QWidget::hide);
 }
 
-void Message::showText(const QString &text)
+void Message::showText(const QString &text, int height)
 {
+    setGeometry(0, 0, Device::Width, height);
     setText(text);
     raise();
     show();

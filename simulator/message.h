@@ -4,13 +4,14 @@
 #include <QLabel>
 #include <QTimer>
 
-/// A few words over the title bar, which go by themselves.
+/// A few words in place of the bar at the top, which go by themselves.
 class Message : public QLabel
 {
 public:
     explicit Message(QWidget *parent);
 
-    void showText(const QString &text);
+    /// Shows \a text over a bar of \a height.
+    void showText(const QString &text, int height);
 
 private:
     QTimer m_timer;

@@ -1,12 +1,14 @@
 #include "parts.h"
 
 #include "device.h"
+#include "texts.h"
 
 #include "platform/soundmanager.h"
-#include "platform/stringrc.h"
 #include "widgetsimpletitle.h"
 
 #include <QLabel>
+#include <QStringList>
+#include <QTextLayout>
 
 namespace {
 
@@ -26,9 +28,24 @@ QString pictureSheet(const QString &name)
 
 QRect placeForWriting(const QRect &place, int width)
 {
-    if (!StringRC::getInstance()->m_rightToLeft)
+    if (!writesRightToLeft())
         return place;
     return QRect(width - place.x() - place.width(), place.y(), place.width(), place.height());
+}
+
+int placeForWriting(int i, int count)
+{
+    return writesRightToLeft() ? count - 1 - i : i;
+}
+
+bool isBackKey(Widget *widget, int key)
+{
+    return writesRightToLeft() ? widget->isRightKey(key) : widget->isLeftKey(key);
+}
+
+bool isForwardKey(Widget *widget, int key)
+{
+    return writesRightToLeft() ? widget->isLeftKey(key) : widget->isRightKey(key);
 }
 
 WidgetSimpleTitle *addTitleBar(QWidget *screen, const QString &title, const QString &icon, const QString &guide)
@@ -72,6 +89,27 @@ QLabel *addLabel(QWidget *parent, const QRect &place, int pointSize, bool bold, 
     font.setBold(bold);
     label->setFont(font);
     return label;
+}
+
+std::vector<TextLine> linesOf(const QString &text, const QFont &font, int width)
+{
+    std::vector<TextLine> lines;
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines.push_back({line.textStart(), text.mid(line.textStart(), line.textLength()).trimmed()});
+    }
+    layout.endLayout();
+    return lines;
+}
+
+QString brokenIntoLines(const QString &text, const QFont &font, int width)
+{
+    QStringList lines;
+    for (const TextLine &line : linesOf(text, font, width))
+        lines += line.text;
+    return lines.join(QLatin1Char('\n'));
 }
 
 void showElided(QLabel *label, const QString &text)

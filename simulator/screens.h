@@ -1,18 +1,15 @@
 #ifndef SCREENS_H
 #define SCREENS_H
 
-#include <QString>
+#include "device.h"
 
 #include <vector>
-
-class Device;
-class QWidget;
 
 // To add a screen:
 // 1. Copy simulator/screens/soundscreen.cpp, which is a short one, to simulator/screens/<name>screen.cpp. It ends with
 //    the function that describes the screen.
 // 2. Name the file in simulator/CMakeLists.txt, and the function in the table of simulator/screens.cpp.
-// 3. Look at it: ./simulate --screen <name>
+// 3. Look at it: ./simulate --screen <name>. The test tst_simulatorscreens looks at all of its states.
 
 /// A state of a screen that is worth a picture.
 struct ScreenState
@@ -29,6 +26,7 @@ struct Screen
     const char *description;             ///< on one line
     QWidget *(*create)(Device &device);  ///< builds the screen as a child of the device, which places and deletes it
     std::vector<ScreenState> states;
+    int barHeight = Device::TitleBarHeight;  ///< of the bar at the top, in whose place messages show
 };
 
 /// All screens, the one to start with first.

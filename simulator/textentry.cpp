@@ -12,6 +12,10 @@
 namespace {
 
 const int LineHeight = 38;
+const int LineMargins = 20;  // the toolkit's own, and what the keypad leaves free at the end
+const int FadeWidth = 28;
+const char FadeSheet[] = "background: qlineargradient(x1: 0, y1: 0, x2: 1, y2: 0, "
+                         "stop: 0.2 #ffffff, stop: 1 rgba(255, 255, 255, 0));";
 const int KeypadPages = 6;
 const int ClickSound = 901;
 
@@ -33,7 +37,8 @@ bool sentenceBeginsAfter(const QString &text)
 
 TextEntry::TextEntry(Device &device, const QString &placeholder)
     : WidgetKeypad(&device, SoundManager::getInstance()),
-      m_line(findChild<QLineEdit *>())
+      m_line(findChild<QLineEdit *>()),
+      m_fade(new QWidget(this))
 {
     setLineTextHeight(LineHeight);
     setPlaceholderText(LeftToRightMark + placeholder);
@@ -42,7 +47,11 @@ TextEntry::TextEntry(Device &device, const QString &placeholder)
     mapKeys();
     dressKeyCells(this, QStringLiteral("key_space"), QStringLiteral("key_delete"));
     fillPages();
+    m_fade->setGeometry(0, 0, FadeWidth, LineHeight);
+    m_fade->setStyleSheet(QString::fromLatin1(FadeSheet));
+    m_fade->hide();
 
+    connect(m_line, &QLineEdit::textChanged, this, &TextEntry::showFade);
     connect(this, &WidgetKeypad::keyPressed, this, &TextEntry::actOnKey);
     connect(this, &WidgetKeypad::inputLetter, this, &TextEntry::endCapital);
     connect(this, &WidgetKeypad::ready, &device, &Device::back);
@@ -66,7 +75,6 @@ void TextEntry::startPassword(const QString &password)
     m_isPassword = true;
     hideText(true);
     setInitialLineText(password, true, false, false);
-    setItemVisible(ItemButton2, false);
 }
 
 void TextEntry::showEvent(QShowEvent *event)
@@ -74,6 +82,7 @@ void TextEntry::showEvent(QShowEvent *event)
     WidgetKeypad::showEvent(event);
     goToLetters(SmallLetters);
     beginSentence();
+    showFade();
 }
 
 void TextEntry::fillPages()
@@ -102,7 +111,16 @@ void TextEntry::labelCells()
     else if (m_oneCapital)
         nextCase = alphabet.capitals.name;
     setItemText(ItemButton1, QString::fromUtf8(nextCase));
-    setItemText(ItemButton2, QString::fromUtf8(nextAlphabet.smallLetters.name));
+    const char *nextCharacters = nextAlphabet.smallLetters.name;
+    if (m_isPassword)
+        nextCharacters = m_page == DigitPage ? symbolPage.name : digitPage.name;
+    setItemText(ItemButton2, QString::fromUtf8(nextCharacters));
+}
+
+void TextEntry::showFade()
+{
+    const int width = m_line->fontMetrics().horizontalAdvance(m_line->displayText());
+    m_fade->setVisible(width > m_line->width() - LineMargins);
 }
 
 void TextEntry::keyReleaseEvent(QKeyEvent *event)
@@ -120,7 +138,10 @@ void TextEntry::actOnKey(int key)
         goToNextCase();
         break;
     case Qt::Key_F2:
-        goToNextAlphabet();
+        if (m_isPassword)
+            goToNextPasswordPage();
+        else
+            goToNextAlphabet();
         break;
     case Qt::Key_Asterisk:
         playSound(ClickSound);
@@ -173,8 +194,6 @@ void TextEntry::goToNextCase()
 
 void TextEntry::goToNextAlphabet()
 {
-    if (m_isPassword)
-        return;
     playSound(ClickSound);
     m_alphabet = (m_alphabet + 1) % AlphabetCount;
     fillPages();
@@ -182,6 +201,12 @@ void TextEntry::goToNextAlphabet()
         goToLetters(OneCapital);
     else
         goToLetters(m_page == CapitalPage ? Capitals : SmallLetters);
+}
+
+void TextEntry::goToNextPasswordPage()
+{
+    playSound(ClickSound);
+    goToPage(m_page == DigitPage ? SymbolPage : DigitPage);
 }
 
 void TextEntry::beginSentence()

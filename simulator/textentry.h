@@ -9,8 +9,9 @@ class QLineEdit;
 /// The keypad of the device: what a screen opens to have a text or a password entered.
 ///
 /// The cells of F1 and F2 and the keys * and # show what they lead to: F1 from small letters to one capital letter, to
-/// capitals and back, F2 to the next alphabet, * and # to the pages beside. A sentence begins with a capital letter
-/// by itself. The screen closes itself after ready() and cancel().
+/// capitals and back, F2 to the next alphabet, * and # to the pages beside. For a password F2 leads to digits and
+/// symbols instead. A sentence begins with a capital letter by itself. A text too long for its line fades out where it
+/// begins. The screen closes itself after ready() and cancel().
 ///
 ///     TextEntry *entry = new TextEntry(device, text("Name"));
 ///     entry->startText(m_name);
@@ -45,16 +46,19 @@ private:
     void mapKeys();
     void fillPages();
     void labelCells();
+    void showFade();
 
     void actOnKey(int key);
     void goToPage(Page page);
     void goToLetters(Letters letters);
     void goToNextCase();
     void goToNextAlphabet();
+    void goToNextPasswordPage();
     void beginSentence();
     void endCapital();
 
     QLineEdit *const m_line;
+    QWidget *const m_fade;
     int m_alphabet = 0;
     Page m_page = SmallPage;
     bool m_oneCapital = false;

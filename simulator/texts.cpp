@@ -34,6 +34,7 @@ const Translation translations[] = {
     {"Notes", "ملاحظات"},
 
     // Radio
+    {"FM", "إف إم"},
     {"Radio North", "راديو الشمال"},
     {"Evening concert from the old harbour, with the city orchestra",
      "حفل مسائي من الميناء القديم مع أوركسترا المدينة وضيوفها"},
@@ -82,13 +83,14 @@ const Translation translations[] = {
      "اضغط المفتاح عدة مرات للوصول إلى حرفه الثاني والثالث. وانتظر لحظة قبل كتابة حرف آخر من المفتاح نفسه. "
      "ويقود المفتاحان * و# إلى الحروف الكبيرة والأرقام."},
     {"Up and down choose a memory. Left frees some of it, right fills it again, and OK deletes all that is in it.",
-     "يختار الأعلى والأسفل ذاكرة. ويحرر اليسار جزءًا منها، ويملؤها اليمين من جديد، ويحذف OK كل ما فيها."},
+     "يختار الأعلى والأسفل ذاكرة. ويحرر اليمين جزءًا منها، ويملؤها اليسار من جديد، ويحذف OK كل ما فيها."},
     // Settings
     {"Settings", "الإعدادات"},
     {"Sound", "الصوت"},
     {"Language", "اللغة"},
     {"English", "العربية"},  // the language in use
-    {"Traffic announcements while travelling abroad", "إعلانات حركة المرور أثناء السفر إلى الخارج"},
+    {"Route options for journeys abroad", "خيارات المسار للرحلات إلى الخارج"},
+    {"Traffic announcements", "إعلانات حركة المرور"},
     {"Always", "دائمًا"},
     {"Only on motorways", "على الطرق السريعة فقط"},
     {"Never", "أبدًا"},
@@ -175,18 +177,9 @@ const Translation translations[] = {
     {"Anna's birthday! Call her before noon.", "عيد ميلاد آنا! اتصل بها قبل الظهر."},
 };
 
-// Spaces of fixed width, in pixels of the fonts of a row.
-const char16_t TitleSpace[] = u"\u2004";              // 4
-const char16_t ValueSpace[] = u"\u2003\u2003\u2002\u2006";  // 34
-
 const char16_t RightToLeftMark[] = u"\u200f";
 const char16_t LeftToRightEmbedding[] = u"\u202a";
 const char16_t EndOfEmbedding[] = u"\u202c";
-
-QString withSpaceBefore(const char16_t *space, const QString &text)
-{
-    return QString::fromUtf16(RightToLeftMark) + QString::fromUtf16(space) + text;
-}
 
 QHash<QByteArray, QString> arabicTexts()
 {
@@ -198,24 +191,23 @@ QHash<QByteArray, QString> arabicTexts()
 
 }
 
+bool writesRightToLeft()
+{
+    return StringRC::getInstance()->m_rightToLeft;
+}
+
 QString text(const char *english)
 {
     static const QHash<QByteArray, QString> arabic = arabicTexts();
     const QString original = QString::fromUtf8(english);
-    return StringRC::getInstance()->m_rightToLeft ? arabic.value(english, original) : original;
+    return writesRightToLeft() ? arabic.value(english, original) : original;
 }
 
-QString rowTitle(const QString &title)
+QString fromWritingSide(const QString &text)
 {
-    return StringRC::getInstance()->m_rightToLeft ? withSpaceBefore(TitleSpace, title) : title;
-}
-
-QString rowValue(const QString &value)
-{
-    if (!StringRC::getInstance()->m_rightToLeft)
-        return value;
+    if (!writesRightToLeft() || text.isRightToLeft())
+        return text;
     // Numbers keep their signs and units where they are.
-    const QString inOneRun = value.isRightToLeft()
-            ? value : QString::fromUtf16(LeftToRightEmbedding) + value + QString::fromUtf16(EndOfEmbedding);
-    return withSpaceBefore(ValueSpace, inOneRun);
+    return QString::fromUtf16(RightToLeftMark) + QString::fromUtf16(LeftToRightEmbedding) + text
+            + QString::fromUtf16(EndOfEmbedding);
 }

@@ -3,12 +3,14 @@
 
 #include <QString>
 
-/// \a english in the language in use: Arabic while StringRC::m_rightToLeft is set, as far as the table goes.
+/// Whether texts are written from right to left: StringRC::m_rightToLeft.
+bool writesRightToLeft();
+
+/// \a english in the language in use: Arabic where texts are written from right to left, as far as the table goes.
 QString text(const char *english);
 
-/// \a title and \a value as a row shows them. The toolkit puts texts that are written from right to left at the right
-/// end of their label, where a row has its arrows: this keeps them clear of each other.
-QString rowTitle(const QString &title);
-QString rowValue(const QString &value);
+/// \a text for a place that may be on either side: where texts are written from right to left, the toolkit puts only
+/// those to the right that begin with a letter of such a language, and this also all others, such as numbers.
+QString fromWritingSide(const QString &text);
 
 #endif

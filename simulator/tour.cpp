@@ -6,25 +6,80 @@
 
 #include "platform/stringrc.h"
 
+#include <QBuffer>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QImage>
+#include <QSaveFile>
 
-#include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
-void complain(const QString &message)
+const char TourWay[] = "--tour DIR";
+
+/// Says that \a place cannot be written for the reason \a error, and the \a way to name another.
+void complainOfPlace(const QString &place, const QString &error, const char *way)
 {
-    std::fprintf(stderr, "simulator: %s\n", qPrintable(message));
+    complain(QStringLiteral("cannot write \"%1\": %2. Name another place with %3.")
+                 .arg(place, error, QLatin1String(way)));
 }
 
-bool save(DeviceWindow &window, const Options &options, const QString &file)
+/// Writes all of \a bytes. Returns false if that fails.
+bool writeAll(QFileDevice &file, const QByteArray &bytes)
 {
-    const QImage image = options.withKeys ? window.picture() : window.device().picture(window.zoom());
-    if (image.save(file, "PNG"))
-        return true;
-    complain(QStringLiteral("cannot write \"%1\". Is the directory there, and may you write to it?").arg(file));
-    return false;
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        // The last that fits on a full disk is written without an error.
+        const qint64 written = file.write(bytes.constData() + done, bytes.size() - done);
+        if (written <= 0)
+            return false;
+        done += written;
+    }
+    return true;
+}
+
+/// Opens \a file, writes \a bytes and finishes with \a close. Returns what went wrong, or nothing.
+template <typename File, typename Close>
+QString writeFile(File &file, const QByteArray &bytes, Close close)
+{
+    // Unbuffered, so that each failure is told where it happens.
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeAll(file, bytes) && close(file))
+        return QString();
+    return file.errorString();
+}
+
+/// Writes \a image to \a name as a PNG, as a whole or not at all. Returns what went wrong, or nothing.
+QString writePicture(const QImage &image, const QString &name)
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG"))
+        return QStringLiteral("The toolkit makes no PNG of it");
+
+    const QFileInfo info(name);
+    if (info.exists() && !info.isFile() && !info.isDir()) {
+        // A device or a pipe, which no file must replace.
+        QFile file(name);
+        return writeFile(file, png, [](QFile &file) {
+            file.close();
+            return file.error() == QFile::NoError;
+        });
+    }
+    QSaveFile file(name);
+    return writeFile(file, png, [](QSaveFile &file) { return file.commit(); });
+}
+
+bool save(DeviceWindow &window, const Options &options, const QString &file, const char *way)
+{
+    const QString error = writePicture(options.withKeys ? window.picture() : window.device().picture(window.zoom()),
+                                       file);
+    if (!error.isEmpty())
+        complainOfPlace(file, error, way);
+    return error.isEmpty();
 }
 
 void enter(Device &device, const QString &screen, const Script &keys)
@@ -53,7 +108,7 @@ bool takeState(DeviceWindow &window, const Options &options, const Screen &scree
     }
     StringRC::getInstance()->m_rightToLeft = options.rightToLeft || state.rightToLeft;
     enter(window.device(), QString::fromLatin1(screen.name), keys);
-    return save(window, options, file);
+    return save(window, options, file, TourWay);
 }
 
 }
@@ -61,13 +116,15 @@ bool takeState(DeviceWindow &window, const Options &options, const Screen &scree
 bool takePicture(DeviceWindow &window, const Options &options)
 {
     enter(window.device(), options.screen, options.keys);
-    return save(window, options, options.picture);
+    return save(window, options, options.picture, "--picture FILE");
 }
 
 bool takeTour(DeviceWindow &window, const Options &options)
 {
-    if (!QDir().mkpath(options.tour)) {
-        complain(QStringLiteral("cannot make the directory \"%1\".").arg(options.tour));
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(options.tour).toStdString(), error);
+    if (error) {
+        complainOfPlace(options.tour, QString::fromLocal8Bit(error.message().c_str()), TourWay);
         return false;
     }
     for (const Screen &screen : allScreens()) {

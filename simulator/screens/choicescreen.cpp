@@ -70,14 +70,15 @@ ChoiceScreen::ChoiceScreen(Device &device)
 void ChoiceScreen::addTile(int tile)
 {
     QFrame *frame = new QFrame(this);
-    frame->setGeometry(tiles[tile].place);
+    frame->setGeometry(placeForWriting(tiles[tile].place, Device::Width));
     frame->setStyleSheet(QString::fromLatin1(TileSheet));
     // The tile wants to stand in the corner of its parent.
     QWidget *inside = new QWidget(frame);
     inside->setGeometry(frame->rect().adjusted(Padding, 0, -Padding, 0));
     WidgetSelectTile *content = new WidgetSelectTile(inside, SoundManager::getInstance());
     content->setGeometry(inside->rect());
-    content->setContent(text(tiles[tile].content));
+    const QFont font = content->findChild<QLabel *>()->font();
+    content->setContent(brokenIntoLines(text(tiles[tile].content), font, inside->width() - Padding));
 
     const QRect corner(frame->width() - MarkMargin - MarkSize, MarkMargin, MarkSize, MarkSize);
     m_marks[tile] = addPicture(frame, placeForWriting(corner, frame->width()), QStringLiteral("tile_chosen"));

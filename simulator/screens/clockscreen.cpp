@@ -7,7 +7,6 @@
 #include "platform/desktop/desktopclock.h"
 #include "platform/desktop/desktopwatchdog.h"
 #include "platform/soundmanager.h"
-#include "platform/stringrc.h"
 #include "platform/util.h"
 #include "widgetclock.h"
 #include "widgetdate.h"
@@ -35,7 +34,7 @@ const QRect LampBar(0, 0, Device::Width, 22);
 const int LampY = 5;
 const int LampTitleX = 16;
 const int LampTextSize = 11;
-const QRect ChipDivider(167, 5, 1, 12);
+const QRect ChipDivider(163, 5, 1, 12);
 
 const QRect ClockPlace(0, 35, Device::Width, 45);
 const QRect DatePlace(0, 85, 180, 22);
@@ -150,17 +149,17 @@ ClockScreen::ClockScreen(Device &device)
       m_clock(new WidgetClock(this, m_soundManager)),
       m_date(new WidgetDate(this, m_soundManager))
 {
-    setLayoutDirection(StringRC::getInstance()->m_rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    setLayoutDirection(writesRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     setPalette(Night);
     dressClock();
     dressDate();
     describeSettings();
-    setLanguage(StringRC::getInstance()->m_rightToLeft ? Arabic : English);
+    setLanguage(writesRightToLeft() ? Arabic : English);
     setClockChipWorking(true);
     m_lamps = {
-        {70, "Clock", [] { return isAlive("virtual void ClockUpdateThread::run()"); }, true},
-        {120, "Date", [] { return isAlive("virtual void DateUpdateThread::run()"); }, true},
-        {174, "Chip", [this] { return m_clockChipWorks; }, true},
+        {66, "Clock", [] { return isAlive("virtual void ClockUpdateThread::run()"); }, true},
+        {116, "Date", [] { return isAlive("virtual void DateUpdateThread::run()"); }, true},
+        {170, "Chip", [this] { return m_clockChipWorks; }, true},
     };
 
     m_clock->start();
@@ -324,7 +323,9 @@ Screen clockScreen()
             {"day-first-in-german", "1 3 4"},
             {"arabic-week-day", "4 4 4"},
             {"chip-failing", "5"},
+            {"first-screen", "ESC"},
             {"right-to-left", "", true},
         },
+        LampBar.height(),
     };
 }

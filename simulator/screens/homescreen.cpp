@@ -22,6 +22,8 @@ namespace {
 
 const int StatusBarHeight = 24;
 const int StatusIconWidth = 23;
+const QRect StatusIconsPlace(118, 0, 102, StatusBarHeight);
+const QRect StatusIconsPlaceRightToLeft(6, 0, 102, StatusBarHeight);
 const QRect TimePlace(8, 0, 80, StatusBarHeight);
 const QRect DatePlace(0, StatusBarHeight + 2, 220, 22);
 const int DatePointSize = 12;
@@ -110,7 +112,10 @@ void HomeScreen::addStatusBar()
     ground->setStyleSheet(QStringLiteral("background-color: #1F1618;"));
 
     m_statusBar = new WidgetStatusBar(this, SoundManager::getInstance());
-    m_statusBar->setBgGeometry(0, 0, Device::Width, StatusBarHeight, StatusIconWidth);
+    // The bar keeps its icons away from its right end, also where they are in the other order.
+    const QRect place = writesRightToLeft() ? StatusIconsPlaceRightToLeft : StatusIconsPlace;
+    m_statusBar->setLayoutDirection(writesRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    m_statusBar->setBgGeometry(place.x(), place.y(), place.width(), place.height(), StatusIconWidth);
     for (int icon = 0; icon < StatusIconCount; ++icon) {
         for (int status = 0; status < StatusCount; ++status)
             m_statusBar->setStatusUrl(icon, status, pictureSheet(statusIcons[icon].pictures[status]));
@@ -119,7 +124,8 @@ void HomeScreen::addStatusBar()
 
 void HomeScreen::addTime()
 {
-    QLabel *label = addLabel(this, TimePlace, 14, true, QStringLiteral("#F8F7F6"));
+    QLabel *label = addLabel(this, placeForWriting(TimePlace, Device::Width), 14, true, QStringLiteral("#F8F7F6"));
+    label->setAlignment((writesRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     const auto showTime = [label] {
         const struct tm now = *Util::localtime(time(nullptr));
         label->setText(QString::asprintf("%02d:%02d:%02d", now.tm_hour, now.tm_min, now.tm_sec));
@@ -156,10 +162,12 @@ void HomeScreen::addSwitcher()
     switcher->setBgGeometry(0, StatusBarHeight, Device::Width, Device::Height - StatusBarHeight);
     for (int i = 0; i < EntryCount; ++i) {
         const QString picture = QString::fromLatin1(entries[i].picture);
-        switcher->setItemStyle(CentrePicture, pictureSheet(picture), QString(), i);
-        switcher->setItemStyle(SidePicture, pictureSheet(picture + QStringLiteral("_side")), QString(), i);
-        switcher->setItemStyle(Name, text(entries[i].name), QString(), i);
+        const int place = placeForWriting(i, EntryCount);
+        switcher->setItemStyle(CentrePicture, pictureSheet(picture), QString(), place);
+        switcher->setItemStyle(SidePicture, pictureSheet(picture + QStringLiteral("_side")), QString(), place);
+        switcher->setItemStyle(Name, text(entries[i].name), QString(), place);
     }
+    switcher->selectItem(placeForWriting(0, EntryCount));
     switcher->setFontStyle(Name, NamePointSize, true, QStringLiteral("color: #F8F7F6;"));
     switcher->setItemStyle(PageDots, pictureSheet(QStringLiteral("page_off")), QString(), 0);
     switcher->setItemStyle(LitPageDot, pictureSheet(QStringLiteral("page_on")), QString(), 0);
@@ -168,8 +176,9 @@ void HomeScreen::addSwitcher()
         switcher->setItemGeometry(item, FirstPageDot.x(), FirstPageDot.y(), FirstPageDot.width(),
                                   FirstPageDot.height());
     }
-    connect(switcher, &WidgetSwitcher::sendMainItem, this,
-            [this](int index) { m_device.open(QString::fromLatin1(entries[index].screen)); });
+    connect(switcher, &WidgetSwitcher::sendMainItem, this, [this](int place) {
+        m_device.open(QString::fromLatin1(entries[placeForWriting(place, EntryCount)].screen));
+    });
     setFocusProxy(switcher);
 }
 
@@ -206,5 +215,6 @@ Screen homeScreen()
             {"first-screen", "ESC"},
             {"right-to-left", "", true},
         },
+        StatusBarHeight,
     };
 }

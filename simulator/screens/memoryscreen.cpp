@@ -6,10 +6,10 @@
 #include "texts.h"
 
 #include "platform/soundmanager.h"
-#include "platform/stringrc.h"
 #include "widgetprogressbar.h"
 
 #include <QKeyEvent>
+#include <QProgressBar>
 
 namespace {
 
@@ -18,15 +18,16 @@ const int FirstRowTop = 38;
 const int RowHeight = 46;
 const int StepsOfBar = 8;
 
-// Where a progress bar has its texts.
-const QRect TitlePlace(6, 6, 120, 14);
-const QRect ValuePlace(132, 6, 82, 14);
+// Where a progress bar has its texts, with room for what reaches below the line.
+const QRect TitlePlace(6, 4, 120, 18);
+const QRect ValuePlace(132, 4, 82, 18);
 
 const char RowSheet[] = "WidgetProgressBar {background-color: #F8F7F6;}";
 const char FocusedRowSheet[] = "WidgetProgressBar {background-color: #F7CE86;}";
+// The capacity is to be read on what is used as well as on what is free.
 const char BarSheet[] =
-    "QProgressBar {border: 0px; background-color: #8C8282; color: #FFFFFF;}"
-    "QProgressBar::chunk {background-color: #594B4F;}";
+    "QProgressBar {border: 0px; background-color: #6E6464; color: #FFFFFF;}"
+    "QProgressBar::chunk {background-color: #1F1618;}";
 
 struct Memory
 {
@@ -47,16 +48,19 @@ void place(WidgetProgressBar *bar, WidgetProgressBar::Item item, const QRect &pl
     bar->setItemGeometry(item, place.x(), place.y(), place.width(), place.height());
 }
 
-void mirrorForWriting(WidgetProgressBar *bar)
+void placeTexts(WidgetProgressBar *bar)
 {
-    if (!StringRC::getInstance()->m_rightToLeft)
-        return;
-    bar->setLayoutDirection(Qt::RightToLeft);
     place(bar, WidgetProgressBar::ItemTitle, placeForWriting(TitlePlace, Device::Width));
     place(bar, WidgetProgressBar::ItemValue, placeForWriting(ValuePlace, Device::Width));
-    // The layout direction does not turn the alignment of a label with digits.
-    bar->setItemStyle(WidgetProgressBar::ItemValue,
-                      QStringLiteral("color: #594B4F; qproperty-alignment: 'AlignLeft | AlignVCenter';"));
+    QString sheet = QString::fromLatin1(BarSheet);
+    if (writesRightToLeft()) {
+        bar->setLayoutDirection(Qt::RightToLeft);
+        // It does not turn the alignment of digits.
+        bar->setItemStyle(WidgetProgressBar::ItemValue,
+                          QStringLiteral("color: #594B4F; qproperty-alignment: 'AlignLeft | AlignVCenter';"));
+        sheet += QStringLiteral("QProgressBar {qproperty-alignment: AlignLeft;}");
+    }
+    bar->setItemStyle(WidgetProgressBar::ItemBar, sheet);
 }
 
 class MemoryScreen : public Widget
@@ -69,6 +73,7 @@ protected:
 
 private:
     void addRow(int row);
+    void setUsed(int row, int used);
     void focusRow(int row);
     void change(int steps);
     void empty();
@@ -83,7 +88,8 @@ MemoryScreen::MemoryScreen(Device &device)
     : Widget(&device, SoundManager::getInstance()),
       m_device(device)
 {
-    addTitleBar(this, text("Memory (KB)"), QStringLiteral("icon_memory"), QStringLiteral("guide_change"));
+    addTitleBar(this, text("Memory (KB)"), QStringLiteral("icon_memory"),
+                writesRightToLeft() ? QStringLiteral("guide_change_right_to_left") : QStringLiteral("guide_change"));
     for (int row = 0; row < MemoryCount; ++row)
         addRow(row);
     focusRow(0);
@@ -94,14 +100,23 @@ void MemoryScreen::addRow(int row)
     WidgetProgressBar *bar = new WidgetProgressBar(this);
     bar->setAttribute(Qt::WA_StyledBackground);
     place(bar, WidgetProgressBar::ItemBackground, QRect(0, FirstRowTop + row * RowHeight, Device::Width, RowHeight));
-    bar->setItemStyle(WidgetProgressBar::ItemBar, QString::fromLatin1(BarSheet));
     bar->setItemFont(WidgetProgressBar::ItemValue, 12, true);
-    mirrorForWriting(bar);
+    placeTexts(bar);
     bar->setItemStyle(WidgetProgressBar::ItemBackground, QString::fromLatin1(RowSheet));
     bar->setItemTitle(text(memories[row].name));
-    bar->setItemUseMaxValue(memories[row].used, memories[row].capacity);
-    m_used[row] = memories[row].used;
     m_bars[row] = bar;
+    setUsed(row, memories[row].used);
+}
+
+void MemoryScreen::setUsed(int row, int used)
+{
+    m_used[row] = used;
+    m_bars[row]->setItemUseMaxValue(used, memories[row].capacity);
+    if (writesRightToLeft()) {
+        // The blank after the capacity keeps it away from the edge at its end; here that is the edge before it.
+        QProgressBar *bar = m_bars[row]->findChild<QProgressBar *>();
+        bar->setFormat(QChar(QChar::Nbsp) + bar->format().trimmed());
+    }
 }
 
 void MemoryScreen::focusRow(int row)
@@ -114,9 +129,7 @@ void MemoryScreen::focusRow(int row)
 void MemoryScreen::change(int steps)
 {
     const int capacity = memories[m_focusedRow].capacity;
-    int &used = m_used[m_focusedRow];
-    used = qBound(0, used + steps * (capacity / StepsOfBar), capacity);
-    m_bars[m_focusedRow]->setItemUseMaxValue(used, capacity);
+    setUsed(m_focusedRow, qBound(0, m_used[m_focusedRow] + steps * (capacity / StepsOfBar), capacity));
 }
 
 void MemoryScreen::empty()
@@ -132,9 +145,9 @@ void MemoryScreen::keyReleaseEvent(QKeyEvent *event)
         focusRow(m_focusedRow - 1);
     else if (isDownKey(key))
         focusRow(m_focusedRow + 1);
-    else if (isLeftKey(key))
+    else if (isBackKey(this, key))
         change(-1);
-    else if (isRightKey(key))
+    else if (isForwardKey(this, key))
         change(1);
     else if (isOKKey(key))
         empty();

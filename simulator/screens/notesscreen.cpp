@@ -7,7 +7,6 @@
 #include "texts.h"
 
 #include "platform/soundmanager.h"
-#include "platform/stringrc.h"
 #include "widgetkeypadbottom.h"
 #include "widgetmenutitle.h"
 
@@ -20,6 +19,7 @@ namespace {
 
 const int TitleHeight = 38;
 const int BarHeight = 23;
+const int NoteMargin = 10;
 const int SmallText = 14;
 const int LargeText = 20;
 const int ClickSound = 901;
@@ -71,10 +71,9 @@ NotesScreen::NotesScreen(Device &device)
 
     m_note->setGeometry(0, TitleHeight, Device::Width, Device::Height - TitleHeight - BarHeight);
     m_note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    m_note->setWordWrap(true);
     m_note->setTextFormat(Qt::PlainText);
-    if (StringRC::getInstance()->m_rightToLeft)
-        m_note->setLayoutDirection(Qt::RightToLeft);
+    m_note->setMargin(NoteMargin);
+    m_note->setIndent(0);
 
     m_bar->setBgGeometry(0, Device::Height - BarHeight, Device::Width, BarHeight);
     dressKeyCells(m_bar, QStringLiteral("key_dark"), QStringLiteral("key_bin"));
@@ -86,7 +85,6 @@ NotesScreen::NotesScreen(Device &device)
     for (const char *note : firstNotes)
         m_notes += text(note);
     dressNote();
-    showNote();
 }
 
 void NotesScreen::showNote()
@@ -97,7 +95,7 @@ void NotesScreen::showNote()
         return;
     }
     m_title->setTitle(text("Note %1 of %2").arg(m_current + 1).arg(m_notes.size()));
-    m_note->setText(m_notes.at(m_current));
+    m_note->setText(brokenIntoLines(m_notes.at(m_current), m_note->font(), m_note->width() - 2 * NoteMargin));
 }
 
 void NotesScreen::dressNote()
@@ -105,8 +103,9 @@ void NotesScreen::dressNote()
     QFont font;
     font.setPointSize(m_large ? LargeText : SmallText);
     m_note->setFont(font);
-    m_note->setStyleSheet(m_dark ? QStringLiteral("padding: 8px; color: #f7ce86; background-color: #1f1618;")
-                                 : QStringLiteral("padding: 8px; color: #1f1618; background-color: #f8f7f6;"));
+    m_note->setStyleSheet(m_dark ? QStringLiteral("color: #f7ce86; background-color: #1f1618;")
+                                 : QStringLiteral("color: #1f1618; background-color: #f8f7f6;"));
+    showNote();
 }
 
 void NotesScreen::keyReleaseEvent(QKeyEvent *event)

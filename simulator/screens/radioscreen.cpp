@@ -22,13 +22,17 @@ namespace {
 const int ClickSound = 901;
 const int AnnouncementTime = 6000;  // milliseconds
 
-const QRect TitlePlace(43, 0, 46, 38);
-const QRect IconGroupPlace(93, 7, 122, 22);
-const QRect FrequencyPlace(10, 43, 150, 34);
+const QRect TitlePlace(43, 0, 40, 38);
+const QRect IconGroupPlace(90, 7, 122, 22);
+const int Margin = 10;
+const int FrequencyBaseline = 71;
+const int FrequencyPointSize = 30;
+const int UnitPointSize = 14;
+const int UnitGap = 5;
 const QRect PresetPlace(170, 43, 40, 34);
-const QRect NamePlace(10, 83, 200, 18);
+const QRect NamePlace(10, 81, 200, 19);
 const QRect ProgrammePlace(10, 99, 200, 16);
-const QRect ScalePlace(0, 116, 220, 30);
+const QRect ScalePlace(0, 118, 220, 28);
 const QRect BottomPlace(0, 146, 220, 30);
 const QRect AnnouncementPlace(0, 38, 220, 44);
 
@@ -60,12 +64,16 @@ const int AnnouncementCount = int(sizeof announcements / sizeof announcements[0]
 
 const int LoudestVolume = 5;
 
-// What is addressed by the numbers of WidgetBottom.
-enum BottomItem { LeftArea, RightArea, PresetPicture, StereoPicture, TrafficPicture, VolumePicture };
+// The icons in the title bar and the pictures in the bar at the bottom, in the direction of writing.
+enum TitleIcon { SignalIcon, TextIcon, TrafficIcon, TitleIconCount };
+enum BottomPicture { PresetPicture, StereoPicture, TrafficPicture, VolumePicture, BottomPictureCount };
+
+// What is addressed by the numbers of WidgetBottom, from left to right.
+enum BottomItem { LeftArea, RightArea, FirstPicture };
 enum StereoState { Stereo, Mono };
 enum TrafficState { TrafficOff, TrafficOn, TrafficOnAir };
 
-/// The scale of a tuner from 88 to 108 MHz, a pixel for a tenth of a megahertz.
+/// The scale of a tuner from 88 to 108 MHz. Numbers run from left to right in all languages.
 class TunerScale : public QWidget
 {
 public:
@@ -91,17 +99,17 @@ protected:
         for (int megahertz = 88; megahertz <= 108; ++megahertz) {
             const bool hasNumber = megahertz % 4 == 0;
             const int x = position(megahertz * 10);
-            painter.fillRect(x, 3, 1, hasNumber ? 10 : 6, QColor(hasNumber ? 0xf8f7f6 : 0x8c8282));
+            painter.fillRect(x, 2, 1, hasNumber ? 10 : 6, QColor(hasNumber ? 0xf8f7f6 : 0x8c8282));
             if (hasNumber) {
                 painter.setPen(QColor(0xf8f7f6));
-                painter.drawText(QRect(x - 15, 14, 31, 13), Qt::AlignCenter, QString::number(megahertz));
+                painter.drawText(QRect(x - 15, 13, 31, 13), Qt::AlignCenter, QString::number(megahertz));
             }
         }
-        painter.fillRect(position(m_frequency) - 1, 0, 3, 15, QColor(0xf7ce86));
+        painter.fillRect(position(m_frequency) - 1, 0, 3, 14, QColor(0xf7ce86));
     }
 
 private:
-    static int position(int frequency) { return 10 + frequency - 880; }
+    static int position(int frequency) { return 20 + qRound((frequency - 880) * 0.9); }
 
     int m_frequency = 0;
 };
@@ -121,6 +129,7 @@ private:
     void addAnnouncement();
 
     void tune(int station);
+    void showFrequency(int frequency);
     void setVolume(int volume);
     void switchTraffic();
     void announce();
@@ -130,6 +139,7 @@ private:
     Device &m_device;
     WidgetIconGroup *m_icons = nullptr;
     QLabel *m_frequency = nullptr;
+    QLabel *m_unit = nullptr;
     QLabel *m_preset = nullptr;
     QLabel *m_name = nullptr;
     QLabel *m_programme = nullptr;
@@ -159,7 +169,7 @@ void RadioScreen::addTitle()
 {
     WidgetSimpleTitle *title = addTitleBar(this, QString(), QStringLiteral("icon_radio"));
     placeTitle(title, TitlePlace);
-    title->setTitle(text("Radio"));
+    title->setTitle(text("FM"));
 
     m_icons = new WidgetIconGroup(title, SoundManager::getInstance());
     m_icons->setGeometry(placeForWriting(IconGroupPlace, Device::Width));
@@ -171,9 +181,11 @@ void RadioScreen::addStation()
 {
     const QString ink = QStringLiteral("#1F1618");
     const QString softInk = QStringLiteral("#594B4F");
-    m_frequency = addLabel(this, FrequencyPlace, 14, true, ink);
-    m_preset = addLabel(this, PresetPlace, 16, true, softInk);
-    m_preset->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_frequency = addLabel(this, QRect(), FrequencyPointSize, true, ink);
+    m_unit = addLabel(this, QRect(), UnitPointSize, true, ink);
+    m_unit->setText(QStringLiteral("MHz"));
+    m_preset = addLabel(this, placeForWriting(PresetPlace, Device::Width), 16, true, softInk);
+    m_preset->setAlignment((writesRightToLeft() ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     m_name = addLabel(this, NamePlace, 15, true, ink);
     m_programme = addLabel(this, ProgrammePlace, 12, false, softInk);
     m_scale = new TunerScale(this);
@@ -188,11 +200,12 @@ void RadioScreen::addBottomBar()
     const auto setArea = [this](int area, const char *color) {
         m_bottom->setItemStyle(area, QString(), QStringLiteral("background-color: %1;").arg(QLatin1String(color)), 0);
     };
-    const auto setPicture = [this](int picture, int state, const QString &name) {
-        m_bottom->setItemStyle(picture, pictureSheet(name), QString(), state);
+    const auto setPicture = [this](BottomPicture picture, int state, const QString &name) {
+        m_bottom->setItemStyle(FirstPicture + placeForWriting(picture, BottomPictureCount), pictureSheet(name), QString(),
+                               state);
     };
-    setArea(LeftArea, "#474242");
-    setArea(RightArea, "#594B4F");
+    setArea(writesRightToLeft() ? RightArea : LeftArea, "#474242");
+    setArea(writesRightToLeft() ? LeftArea : RightArea, "#594B4F");
     for (int i = 0; i < StationCount; ++i)
         setPicture(PresetPicture, i, QStringLiteral("bottom_preset_%1").arg(i + 1));
     setPicture(StereoPicture, Stereo, QStringLiteral("bottom_stereo"));
@@ -217,16 +230,31 @@ void RadioScreen::tune(int station)
 {
     m_station = (station + StationCount) % StationCount;
     const Station &now = stations[m_station];
-    m_frequency->setText(QStringLiteral("<span style=\"font-size: 30px;\">%1.%2</span> MHz")
-                             .arg(now.frequency / 10).arg(now.frequency % 10));
+    showFrequency(now.frequency);
     m_preset->setText(QStringLiteral("P%1").arg(m_station + 1));
-    showElided(m_name, text(now.name));
-    showElided(m_programme, text(now.programme));
+    showElided(m_name, fromWritingSide(text(now.name)));
+    showElided(m_programme, fromWritingSide(text(now.programme)));
     m_scale->setFrequency(now.frequency);
-    m_icons->setIcon(0, pictureSheet(QLatin1String(now.isStrong ? "radio_signal_strong" : "radio_signal_weak")));
-    m_icons->setIcon(1, pictureSheet(QLatin1String(*now.programme ? "radio_text_on" : "radio_text_off")));
-    m_icons->setIcon(2, pictureSheet(QLatin1String(now.hasTraffic ? "radio_tp_on" : "radio_tp_off")));
+    const auto setIcon = [this](TitleIcon icon, const char *name) {
+        m_icons->setIcon(placeForWriting(icon, TitleIconCount), pictureSheet(QLatin1String(name)));
+    };
+    setIcon(SignalIcon, now.isStrong ? "radio_signal_strong" : "radio_signal_weak");
+    setIcon(TextIcon, *now.programme ? "radio_text_on" : "radio_text_off");
+    setIcon(TrafficIcon, now.hasTraffic ? "radio_tp_on" : "radio_tp_off");
     endAnnouncement();
+}
+
+/// The number and its unit stay in this order in all languages, and on one line, however wide the number is.
+void RadioScreen::showFrequency(int frequency)
+{
+    m_frequency->setText(QStringLiteral("%1.%2").arg(frequency / 10).arg(frequency % 10));
+    const QSize number = m_frequency->sizeHint();
+    const QSize unit = m_unit->sizeHint();
+    const int width = number.width() + UnitGap + unit.width();
+    const int x = writesRightToLeft() ? Device::Width - Margin - width : Margin;
+    const auto onLine = [](const QLabel *label) { return FrequencyBaseline - label->fontMetrics().ascent(); };
+    m_frequency->setGeometry(QRect(QPoint(x, onLine(m_frequency)), number));
+    m_unit->setGeometry(QRect(QPoint(x + width - unit.width(), onLine(m_unit)), unit));
 }
 
 void RadioScreen::setVolume(int volume)
@@ -264,7 +292,15 @@ void RadioScreen::endAnnouncement()
 void RadioScreen::showStatus()
 {
     const int traffic = m_announcementTimer.isActive() ? TrafficOnAir : m_trafficOn ? TrafficOn : TrafficOff;
-    m_bottom->statusBottomShow(m_station, stations[m_station].isStereo ? Stereo : Mono, traffic, m_volume);
+    int states[BottomPictureCount];
+    const auto setState = [&states](BottomPicture picture, int state) {
+        states[placeForWriting(picture, BottomPictureCount)] = state;
+    };
+    setState(PresetPicture, m_station);
+    setState(StereoPicture, stations[m_station].isStereo ? Stereo : Mono);
+    setState(TrafficPicture, traffic);
+    setState(VolumePicture, m_volume);
+    m_bottom->statusBottomShow(states[0], states[1], states[2], states[3]);
 }
 
 void RadioScreen::keyReleaseEvent(QKeyEvent *event)

@@ -12,7 +12,6 @@
 
 #include <QKeyEvent>
 #include <QLabel>
-#include <QTextLayout>
 
 #include <algorithm>
 #include <vector>
@@ -27,6 +26,10 @@ const QRect GuidePlace(0, 132, 220, 16);
 const QRect ButtonPlace(1, 148, 53, 27);
 const int ButtonStep = 55;
 const int ButtonPointSize = 11;
+
+// The name stands below the mark.
+const char EnabledName[] = "color: #FFFFFF; padding-top: 9px;";
+const char DisabledName[] = "color: #A89F9F; padding-top: 9px;";
 
 struct Chapter
 {
@@ -59,10 +62,16 @@ struct Page
     QString text;
 };
 
-// The buttons of F1 to F4.
+// The buttons of F1 to F4 from left to right. Those for turning pages change places where texts are written from right
+// to left, as do the keys for left and right.
 enum Button { Larger, Smaller, Back, Next, ButtonCount };
 
 const char *const buttonNames[ButtonCount] = {"Larger", "Smaller", "Back", "Next"};
+
+int placeOfButton(int button)
+{
+    return writesRightToLeft() && button >= Back ? Back + Next - button : button;
+}
 
 QFont readingFont(int pointSize)
 {
@@ -74,17 +83,13 @@ QFont readingFont(int pointSize)
 void addPages(std::vector<Page> &pages, int chapter, const QFont &font)
 {
     const int linesOfPage = TextPlace.height() / QFontMetrics(font).lineSpacing();
-    const QString all = text(chapters[chapter].text);
-    QTextLayout layout(all, font);
-    layout.beginLayout();
     int count = 0;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(TextPlace.width());
+    for (const TextLine &line : linesOf(text(chapters[chapter].text), font, TextPlace.width())) {
         if (count++ % linesOfPage == 0)
-            pages.push_back({chapter, line.textStart(), QString()});
-        pages.back().text += all.mid(line.textStart(), line.textLength()).trimmed() + QLatin1Char('\n');
+            pages.push_back({chapter, line.start, line.text});
+        else
+            pages.back().text += QLatin1Char('\n') + line.text;
     }
-    layout.endLayout();
 }
 
 bool isBefore(const Page &a, const Page &b)
@@ -103,6 +108,7 @@ protected:
 private:
     void addGuide();
     void addButtons();
+    void addButton(int button);
     void setPointSize(int pointSize);
     void turnTo(int page);
     void enable(Button button, bool enabled);
@@ -130,25 +136,31 @@ void ReaderScreen::addGuide()
 {
     QWidget *ground = new QWidget(this);
     ground->setGeometry(0, GuidePlace.top(), Device::Width, Device::Height - GuidePlace.top());
-    ground->setStyleSheet(QStringLiteral("background-color: #474242;"));
+    // Dark enough for the grey in which the guide shows the number of pages.
+    ground->setStyleSheet(QStringLiteral("background-color: #1F1618;"));
     m_guide = new WidgetBottomGuide(this, SoundManager::getInstance());
     m_guide->setGeometry(GuidePlace);
 }
 
 void ReaderScreen::addButtons()
 {
-    for (int i = 0; i < ButtonCount; ++i) {
-        WidgetSoftBtn *button = new WidgetSoftBtn(true, this, SoundManager::getInstance());
-        button->setAttribute(Qt::WA_StyledBackground);
-        button->setItemGeometry(WidgetSoftBtn::ItemBackground, ButtonPlace.x() + i * ButtonStep, ButtonPlace.y(),
-                                ButtonPlace.width(), ButtonPlace.height());
-        button->setItemStyle(WidgetSoftBtn::ItemBackground, QStringLiteral("background-color: #594B4F;"));
-        button->setItemStyle(WidgetSoftBtn::ItemAnnotation,
-                             QStringLiteral("background: transparent; ")
-                                 + pictureSheet(QStringLiteral("key_f%1").arg(i + 1)));
-        button->setBtnName(text(buttonNames[i]));
-        m_buttons[i] = button;
-    }
+    for (int button = 0; button < ButtonCount; ++button)
+        addButton(button);
+}
+
+void ReaderScreen::addButton(int button)
+{
+    const int place = placeOfButton(button);
+    WidgetSoftBtn *softBtn = new WidgetSoftBtn(true, this, SoundManager::getInstance());
+    softBtn->setAttribute(Qt::WA_StyledBackground);
+    softBtn->setItemGeometry(WidgetSoftBtn::ItemBackground, ButtonPlace.x() + place * ButtonStep, ButtonPlace.y(),
+                             ButtonPlace.width(), ButtonPlace.height());
+    softBtn->setItemStyle(WidgetSoftBtn::ItemBackground, QStringLiteral("background-color: #594B4F;"));
+    softBtn->setItemStyle(WidgetSoftBtn::ItemAnnotation,
+                          QStringLiteral("background: transparent; ")
+                              + pictureSheet(QStringLiteral("key_f%1").arg(place + 1)));
+    softBtn->setBtnName(text(buttonNames[button]));
+    m_buttons[button] = softBtn;
 }
 
 void ReaderScreen::setPointSize(int pointSize)
@@ -178,7 +190,7 @@ void ReaderScreen::turnTo(int page)
 void ReaderScreen::enable(Button button, bool enabled)
 {
     m_buttons[button]->setFontStyle(WidgetSoftBtn::ItemName, ButtonPointSize, true,
-                                    enabled ? QStringLiteral("color: #FFFFFF;") : QStringLiteral("color: #8C8282;"));
+                                    QLatin1String(enabled ? EnabledName : DisabledName));
 }
 
 void ReaderScreen::keyReleaseEvent(QKeyEvent *event)
@@ -188,9 +200,9 @@ void ReaderScreen::keyReleaseEvent(QKeyEvent *event)
         setPointSize(LargePointSize);
     else if (isDownKey(key) || key == Qt::Key_F2)
         setPointSize(SmallPointSize);
-    else if (isLeftKey(key) || key == Qt::Key_F3)
+    else if (isBackKey(this, key) || key == Qt::Key_F1 + placeOfButton(Back))
         turnTo(m_page - 1);
-    else if (isRightKey(key) || key == Qt::Key_F4)
+    else if (isForwardKey(this, key) || key == Qt::Key_F1 + placeOfButton(Next))
         turnTo(m_page + 1);
     else
         return Widget::keyReleaseEvent(event);

@@ -1,13 +1,13 @@
-// A settings menu with every kind of row.
+// A settings menu with rows of nearly every kind. The info screen has those of one line.
 
 #include "device.h"
+#include "parts.h"
 #include "rows.h"
 #include "screens.h"
 #include "textentry.h"
 #include "texts.h"
 
 #include "platform/soundmanager.h"
-#include "platform/stringrc.h"
 #include "platform/util.h"
 #include "widgetlist.h"
 #include "widgetlistitem.h"
@@ -20,8 +20,6 @@
 namespace {
 
 const int RowCount = 12;
-const int DeviceNameRow = 7;
-const int PasswordRow = 8;
 const int FavouriteRow = 9;
 const int DeviceNameLength = 24;
 const int ClickSound = 901;
@@ -39,7 +37,7 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        if (StringRC::getInstance()->m_rightToLeft) {
+        if (writesRightToLeft()) {
             painter.translate(width(), 0);
             painter.scale(-1, 1);
         }
@@ -64,12 +62,14 @@ private:
     void addSound();
     void addLanguage();
     void addTrafficAnnouncements();
+    void addRoute();
     void addBrightness();
     void addAlarmVolume();
     void addClockSource();
     void addDeviceName();
     void addPassword();
-    WidgetListItem *addEntryRow(const QString &title, int digit);
+    WidgetListItem *addDeeperRow(const QString &title, int digit = -1);
+    WidgetListItem *addEntryRow(const QString &title);
     void addFavourite();
     void addSoftwareUpdate();
     void addAbout();
@@ -80,7 +80,6 @@ private:
     void setDeviceName(const QString &name);
     void enterPassword();
     void setPassword(const QString &password);
-    void openEntry(TextEntry *entry, int row);
     void showEntry(WidgetListItem *row, const QString &entry);
     void checkForUpdate();
     void deleteFavourite();
@@ -104,9 +103,9 @@ SettingsScreen::SettingsScreen(Device &device)
     addSound();
     addLanguage();
     addTrafficAnnouncements();
+    addRoute();
     addBrightness();
     addAlarmVolume();
-    addOneLineRow(this, text("Stations"), QStringLiteral("24"));
     addClockSource();
     addDeviceName();
     addPassword();
@@ -122,9 +121,7 @@ SettingsScreen::SettingsScreen(Device &device)
 
 void SettingsScreen::addSound()
 {
-    WidgetListItem *row = addRow(this, text("Sound"), 1);
-    row->setMoreDepth(true);
-    row->m_enterOnOK = true;
+    WidgetListItem *row = addDeeperRow(text("Sound"), 1);
     connect(row, &WidgetListItem::doEnter, this, [this] { m_device.open(QStringLiteral("sound")); });
 }
 
@@ -133,16 +130,23 @@ void SettingsScreen::addLanguage()
     WidgetListItem *row = addRow(this, text("Language"));
     const char *const languages[] = {"English", "Deutsch", "Français", "Ελληνικά", "Русский", "العربية"};
     for (const char *language : languages)
-        row->addValue(rowValue(QString::fromUtf8(language)));
-    row->selectByValue(rowValue(text("English")), false);
+        row->addValue(fromWritingSide(QString::fromUtf8(language)));
+    row->selectByValue(fromWritingSide(text("English")), false);
 }
 
 void SettingsScreen::addTrafficAnnouncements()
 {
-    WidgetListItem *row = addRow(this, text("Traffic announcements while travelling abroad"));
-    row->addValue(rowValue(text("Always")));
-    row->addValue(rowValue(text("Only on motorways")));
-    row->addValue(rowValue(text("Never")));
+    WidgetListItem *row = addRow(this, text("Traffic announcements"));
+    row->addValue(fromWritingSide(text("Always")));
+    row->addValue(fromWritingSide(text("Only on motorways")));
+    row->addValue(fromWritingSide(text("Never")));
+}
+
+void SettingsScreen::addRoute()
+{
+    // A title this long scrolls best where no value, and no left arrow, stands beside it.
+    WidgetListItem *row = addDeeperRow(text("Route options for journeys abroad"), 3);
+    connect(row, &WidgetListItem::doEnter, this, [this] { m_device.open(QStringLiteral("choice")); });
 }
 
 void SettingsScreen::addBrightness()
@@ -157,7 +161,7 @@ void SettingsScreen::addAlarmVolume()
 {
     WidgetListItem *row = addRow(this, text("Alarm volume"));
     for (int volume = 0; volume <= 10; ++volume)
-        row->addValue(rowValue(QString::number(volume)));
+        row->addValue(fromWritingSide(QString::number(volume)));
     row->setDisplayValueIndex(5);
     // An alarm must be heard, but not feared.
     row->setSelectableRange(3, 8);
@@ -166,55 +170,56 @@ void SettingsScreen::addAlarmVolume()
 void SettingsScreen::addClockSource()
 {
     WidgetListItem *row = addRow(this, text("Clock source"));
-    row->addValue(rowValue(text("Radio signal")));
+    row->addValue(fromWritingSide(text("Radio signal")));
     row->setModifiable(false);
 }
 
 void SettingsScreen::addDeviceName()
 {
-    m_deviceNameRow = addEntryRow(text("Device name"), 5);
+    m_deviceNameRow = addEntryRow(text("Device name"));
     connect(m_deviceNameRow, &WidgetListItem::doEnter, this, &SettingsScreen::enterDeviceName);
     setDeviceName(QStringLiteral("LW 220"));
 }
 
 void SettingsScreen::addPassword()
 {
-    m_passwordRow = addEntryRow(text("Password"), 7);
+    m_passwordRow = addEntryRow(text("Password"));
     connect(m_passwordRow, &WidgetListItem::doEnter, this, &SettingsScreen::enterPassword);
     setPassword(QString());
 }
 
-WidgetListItem *SettingsScreen::addEntryRow(const QString &title, int digit)
+WidgetListItem *SettingsScreen::addDeeperRow(const QString &title, int digit)
 {
     WidgetListItem *row = addRow(this, title, digit);
     row->setMoreDepth(true);
-    row->m_ignoreModified = true;
     row->m_enterOnOK = true;
+    return row;
+}
+
+WidgetListItem *SettingsScreen::addEntryRow(const QString &title)
+{
+    WidgetListItem *row = addDeeperRow(title);
+    row->m_ignoreModified = true;
     return row;
 }
 
 void SettingsScreen::addFavourite()
 {
     m_favourite = addRow(this, text("Favourite station"));
-    m_favourite->addValue(rowValue(QStringLiteral("89.4 MHz")));
+    m_favourite->addValue(fromWritingSide(QStringLiteral("89.4 MHz")));
     m_favourite->setDeletable(true);
 }
 
 void SettingsScreen::addSoftwareUpdate()
 {
-    m_softwareUpdate = addRow(this, text("Software update"), 3);
-    m_softwareUpdate->setMoreDepth(true);
+    m_softwareUpdate = addEntryRow(text("Software update"));
     m_softwareUpdate->setDisplayValue(0, text("Never checked"), false);
-    m_softwareUpdate->m_ignoreModified = true;
-    m_softwareUpdate->m_enterOnOK = true;
     connect(m_softwareUpdate, &WidgetListItem::doEnter, this, &SettingsScreen::checkForUpdate);
 }
 
 void SettingsScreen::addAbout()
 {
-    WidgetListItem *row = addRow(this, text("About this device"), 9);
-    row->setMoreDepth(true);
-    row->m_enterOnOK = true;
+    WidgetListItem *row = addDeeperRow(text("About this device"), 9);
     connect(row, &WidgetListItem::doEnter, this, [this] { m_device.open(QStringLiteral("info")); });
 }
 
@@ -226,8 +231,8 @@ void SettingsScreen::showEvent(QShowEvent *event)
 
 void SettingsScreen::keyReleaseEvent(QKeyEvent *event)
 {
-    // The row has no other value to go to, so its left key comes here.
-    if (isLeftKey(event->key()) && m_favourite->hasFocus())
+    // The row has no other value to go to, so its key for going back comes here.
+    if (isBackKey(this, event->key()) && m_favourite->hasFocus())
         deleteFavourite();
     else
         WidgetList::keyReleaseEvent(event);
@@ -253,7 +258,7 @@ void SettingsScreen::enterDeviceName()
     entry->setKeyMaxLength(DeviceNameLength);
     entry->startText(m_deviceName);
     connect(entry, &WidgetKeypad::ready, this, &SettingsScreen::setDeviceName);
-    openEntry(entry, DeviceNameRow);
+    m_device.push(entry);
 }
 
 void SettingsScreen::setDeviceName(const QString &name)
@@ -267,7 +272,7 @@ void SettingsScreen::enterPassword()
     TextEntry *entry = new TextEntry(m_device, text("New password"));
     entry->startPassword(m_password);
     connect(entry, &WidgetKeypad::ready, this, &SettingsScreen::setPassword);
-    openEntry(entry, PasswordRow);
+    m_device.push(entry);
 }
 
 void SettingsScreen::setPassword(const QString &password)
@@ -277,17 +282,11 @@ void SettingsScreen::setPassword(const QString &password)
     showEntry(m_passwordRow, password.isEmpty() ? QString() : QString(8, QChar(0x2022)));
 }
 
-// Opened with a digit, it comes back to another row than the one that it changes.
-void SettingsScreen::openEntry(TextEntry *entry, int row)
-{
-    setFocusAtItem(row);
-    m_device.push(entry);
-}
-
 void SettingsScreen::showEntry(WidgetListItem *row, const QString &entry)
 {
-    // In a row with one arrow the value stands as near to it as the title.
-    row->setDisplayValue(0, rowTitle(entry.isEmpty() ? text("Not set") : entry), false);
+    row->removeAllValue();
+    row->addValue(fromWritingSide(entry.isEmpty() ? text("Not set") : entry));
+    row->setDisplayValueIndex(0);
 }
 
 void SettingsScreen::checkForUpdate()
@@ -312,33 +311,32 @@ Screen settingsScreen()
 {
     return {
         "settings",
-        "A menu with every kind of row",
+        "A menu with rows of nearly every kind",
         [](Device &device) -> QWidget * { return new SettingsScreen(device); },
         {
             {"", ""},
             {"value-changed", "down right"},
-            {"long-title", "down down"},
-            {"long-title-scrolling", "down down wait:300"},
-            {"level", "down down down right right"},
-            {"range", "down down down down right"},
-            {"one-line", "down down down down down"},
+            {"long-title", "down down down"},
+            {"long-title-scrolling", "down down down wait:300"},
+            {"level", "down down down down right right"},
+            {"range", "down down down down down right"},
             {"not-modifiable", "down down down down down down right"},
             {"device-name", "down down down down down down down"},
-            {"device-name-editing", "5 F3 wait:150 F1 wait:150 2 2"},
-            {"device-name-entered", "5 F4:long 4 4 3 3 5 5 5 F3 5 5 5 6 6 6 F3 F3 F1 "
+            {"device-name-editing", "up up up up up OK F3 wait:150 F1 wait:150 2 2"},
+            {"device-name-entered", "up up up up up OK F4:long 4 4 3 3 5 5 5 F3 5 5 5 6 6 6 F3 F3 F1 "
                                     "9 6 6 6 7 7 7 5 5 5 3 F3 F3 # 4 2 OK"},
-            {"device-name-given-up", "5 F4:long 2 ESC"},
-            {"device-name-emptied", "5 F4:long OK"},
-            {"password-set", "7 # 1 2 3 4 OK"},
+            {"device-name-given-up", "up up up up up OK F4:long 2 ESC"},
+            {"device-name-emptied", "up up up up up OK F4:long OK"},
+            {"password-set", "up up up up OK # 1 2 3 4 OK"},
             {"deletable", "up up up"},
             {"deleted", "up up up left"},
             {"display-value", "up up right"},
-            {"digit", "3"},
+            {"digit", "9"},
             {"saved", "down right OK"},
             {"nothing-to-save", "down OK"},
             {"last-row-by-holding-down", "down:long"},
             {"right-to-left", "", true},
-            {"right-to-left-long-title", "down down", true},
+            {"right-to-left-long-title", "down down down", true},
             {"right-to-left-level", "down down down down down", true},
             {"right-to-left-last-rows", "up", true},
         },

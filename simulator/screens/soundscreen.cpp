@@ -57,11 +57,11 @@ SoundScreen::SoundScreen(Device &device)
 void SoundScreen::addKeyClicks()
 {
     WidgetListItem *row = addRow(this, text("Key clicks"));
-    row->addValue(rowValue(text("On")));
-    row->addValue(rowValue(text("Off")));
+    row->addValue(fromWritingSide(text("On")));
+    row->addValue(fromWritingSide(text("Off")));
     row->setDisplayValueIndex(Desktop::isMuted() ? 1 : 0);
     connect(row, &WidgetListItem::doChange, this, [row] {
-        Desktop::setMuted(row->getDisplayValue() == rowValue(text("Off")));
+        Desktop::setMuted(row->getDisplayValue() == fromWritingSide(text("Off")));
     });
 }
 
@@ -69,7 +69,7 @@ void SoundScreen::addTone(const QString &title)
 {
     WidgetListItem *row = addRow(this, title);
     for (int level = -3; level <= 3; ++level)
-        row->addValue(rowValue(level > 0 ? QStringLiteral("+%1").arg(level) : QString::number(level)));
+        row->addValue(fromWritingSide(level > 0 ? QStringLiteral("+%1").arg(level) : QString::number(level)));
     row->setDisplayValueIndex(3);
 }
 
@@ -77,19 +77,19 @@ void SoundScreen::addBalance()
 {
     WidgetListItem *row = addRow(this, text("Balance"));
     for (int left = 3; left >= 1; --left)
-        row->addValue(rowValue(text("Left %1").arg(left)));
-    row->addValue(rowValue(text("Centre")));
+        row->addValue(fromWritingSide(text("Left %1").arg(left)));
+    row->addValue(fromWritingSide(text("Centre")));
     for (int right = 1; right <= 3; ++right)
-        row->addValue(rowValue(text("Right %1").arg(right)));
+        row->addValue(fromWritingSide(text("Right %1").arg(right)));
     row->setDisplayValueIndex(3);
 }
 
 void SoundScreen::addSpeedDependence()
 {
     WidgetListItem *row = addRow(this, text("Speed-dependent volume"));
-    row->addValue(rowValue(text("Off")));
-    row->addValue(rowValue(text("Low")));
-    row->addValue(rowValue(text("High")));
+    row->addValue(fromWritingSide(text("Off")));
+    row->addValue(fromWritingSide(text("Low")));
+    row->addValue(fromWritingSide(text("High")));
 }
 
 void SoundScreen::showEvent(QShowEvent *event)
