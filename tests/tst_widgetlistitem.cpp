@@ -153,6 +153,8 @@ private slots:
     void longTitleIsCutAtTheRight();
     void fitsInEveryFont_data();
     void fitsInEveryFont();
+    void cutsWhatIsOnePixelTooWide_data();
+    void cutsWhatIsOnePixelTooWide();
     void takesAnyTextWithoutHarm_data();
     void takesAnyTextWithoutHarm();
 
@@ -937,6 +939,59 @@ void TestWidgetListItem::fitsInEveryFont()
         // Scrolls exactly when it was cut.
         focusIn(&row);
         QCOMPARE(timersOf(parts.title).size(), parts.title->text() == text ? 0 : 1);
+    }
+}
+
+void TestWidgetListItem::cutsWhatIsOnePixelTooWide_data()
+{
+    QTest::addColumn<QFont>("font");
+    const QFont plain;
+    QTest::newRow("plain") << plain;
+    QFont font = plain;
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 5);
+    QTest::newRow("letters apart") << font;
+    font.setLetterSpacing(QFont::PercentageSpacing, 160);
+    QTest::newRow("letters apart in proportion") << font;
+    font = plain;
+    font.setWordSpacing(20);
+    QTest::newRow("words apart") << font;
+    font = plain;
+    font.setCapitalization(QFont::AllUppercase);
+    QTest::newRow("capitals") << font;
+    font.setCapitalization(QFont::SmallCaps);
+    QTest::newRow("small capitals") << font;
+    font = plain;
+    font.setStretch(QFont::UltraExpanded);
+    QTest::newRow("stretched") << font;
+    font = plain;
+    font.setItalic(true);
+    QTest::newRow("italic") << font;
+}
+
+void TestWidgetListItem::cutsWhatIsOnePixelTooWide()
+{
+    QFETCH(QFont, font);
+    QApplication::setFont(font);
+    WidgetListItem row(nullptr, sound());
+    row.setGeometry(0, 0, 220, 46);
+    addValues(row, QStringLiteral("tt"));
+    row.setTitle(QStringLiteral("Title"), true);
+    row.show();
+    const RowParts parts(row);
+    const QStringList units{"i", "W", "l ", "AV", "Tofi", "-.", "a bc d", QString::fromUtf8("é"), QString::fromUtf8("中"),
+                            QString::fromUtf8("ب"), QString("o") + QChar(0x308)};
+    for (const QString &unit : units) {
+        // From texts that surely fit to texts that surely do not.
+        QString text;
+        do {
+            text += unit;
+            row.setTitle(text, false);
+            row.refresh();
+            QCOMPARE(parts.title->text(), fitted(text, parts.title->font(), parts.title->width()));
+            row.replaceValue(0, text, false);
+            row.refresh();
+            QCOMPARE(parts.value->text(), fitted(text, parts.value->font(), parts.value->width()));
+        } while (measure(text, parts.title->font()) < 2 * parts.title->width());
     }
 }
 

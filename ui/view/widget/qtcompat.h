@@ -15,6 +15,15 @@ inline int textWidth(const QFontMetrics &metrics, const QString &text)
 #endif
 }
 
+inline int textWidth(const QFontMetrics &metrics, QChar character)
+{
+#if QT_VERSION >= 0x050b00
+    return metrics.horizontalAdvance(character);
+#else
+    return metrics.width(character);
+#endif
+}
+
 /// The attributes that were set on \a font itself, as bits.
 inline uint resolveMask(const QFont &font)
 {

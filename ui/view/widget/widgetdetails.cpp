@@ -31,27 +31,73 @@ QString fitText(const QString &text, const QFont &font, int width)
     return FittedText().fit(text, font, width);
 }
 
-FittedText::FittedText()
-    : m_textWidth(-1),
-      m_cutWidth(-1)
+namespace {
+
+const int WidthUnknown = -1;
+
+// What \a text takes at most, in pixels, without shaping it, which is what makes measuring dear; QWIDGETSIZE_MAX where
+// that is not to be had or more than \a limit. Only in ASCII do the characters of any font stand side by side as they
+// are, but for rounding and kerning.
+int widthAtMost(const QString &text, const QFont &font, int limit)
 {
+    if (font.letterSpacing() != 0 || font.wordSpacing() != 0)
+        return QWIDGETSIZE_MAX;
+    const QFontMetrics metrics(font);
+    int width = 0;
+    for (int i = 0; i < text.size() && width <= limit; ++i) {
+        const QChar character = text.at(i);
+        if (character < QLatin1Char(' ') || character > QLatin1Char('~'))
+            return QWIDGETSIZE_MAX;
+        const int characterWidth = textWidth(metrics, character);
+        width += characterWidth + characterWidth / 4 + 1;
+    }
+    return width <= limit ? width : QWIDGETSIZE_MAX;
+}
+
+}
+
+FittedText::FittedText()
+    : m_widthAtMost(WidthUnknown),
+      m_textWidth(WidthUnknown),
+      m_cutWidth(WidthUnknown)
+{
+}
+
+void FittedText::take(const QString &text, const QFont &font)
+{
+    if (m_text == text && m_font == font)
+        return;
+    m_text = text;
+    m_font = font;
+    m_widthAtMost = WidthUnknown;
+    m_textWidth = WidthUnknown;
+    m_cutWidth = WidthUnknown;
 }
 
 int FittedText::textWidth(const QString &text, const QFont &font)
 {
-    if (m_textWidth < 0 || m_text != text || m_font != font) {
-        m_text = text;
-        m_font = font;
+    take(text, font);
+    if (m_textWidth == WidthUnknown)
         m_textWidth = ::textWidth(text, font);
-        m_cutWidth = -1;
-    }
     return m_textWidth;
+}
+
+bool FittedText::fits(const QString &text, const QFont &font, int width)
+{
+    take(text, font);
+    if (m_textWidth == WidthUnknown) {
+        if (m_widthAtMost == WidthUnknown)
+            m_widthAtMost = widthAtMost(text, font, width);
+        if (m_widthAtMost <= width)
+            return true;
+    }
+    return textWidth(text, font) <= width;
 }
 
 QString FittedText::fit(const QString &text, const QFont &font, int width)
 {
     // Cutting straight away would also cut texts that fit exactly: the toolkit rounds differently there.
-    if (textWidth(text, font) <= width)
+    if (fits(text, font, width))
         return text;
     if (m_cutWidth != width || width < 0) {
         m_cutText = QFontMetrics(font).elidedText(text, Qt::ElideRight, width);

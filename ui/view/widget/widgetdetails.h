@@ -34,15 +34,21 @@ public:
     /// The width in pixels of \a text on one line in \a font.
     int textWidth(const QString &text, const QFont &font);
 
+    /// Whether \a text is at most \a width pixels wide in \a font.
+    bool fits(const QString &text, const QFont &font, int width);
+
     /// \a text if it is at most \a width pixels wide in \a font, otherwise cut with an ellipsis at the right.
     QString fit(const QString &text, const QFont &font, int width);
 
 private:
+    void take(const QString &text, const QFont &font);
+
     QString m_text;
     QFont m_font;
-    int m_textWidth;  // of m_text in m_font; -1: not measured yet
+    int m_widthAtMost;  // of m_text in m_font
+    int m_textWidth;
     QString m_cutText;
-    int m_cutWidth;  // what m_cutText was cut to; -1: not cut yet
+    int m_cutWidth;  // what m_cutText was cut to
 };
 
 /// Sets \a sheet on \a widget unless it is in place: the toolkit would parse it and dress the widget once more.

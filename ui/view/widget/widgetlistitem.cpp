@@ -83,6 +83,30 @@ void placeOnLine(QWidget *widget, int top)
     widget->setGeometry(widget->x(), top, widget->width(), LineHeight);
 }
 
+// A child of a row. The style engine keeps what it makes of each widget that it dresses, and the toolkit has it dress every
+// new widget at the next turn of the event loop; a part refuses and waits until it is seen. Until then a change of style
+// around it, as when the row moves into a list, does not concern it either.
+template <typename Base>
+class RowPart : public Base
+{
+public:
+    explicit RowPart(QWidget *row)
+        : Base(row)
+    {
+    }
+
+protected:
+    virtual bool event(QEvent *event)
+    {
+        const QEvent::Type type = event->type();
+        if (type == QEvent::PolishRequest)
+            return true;
+        if (type == QEvent::StyleChange && !this->testAttribute(Qt::WA_WState_Polished))
+            return true;
+        return Base::event(event);
+    }
+};
+
 }
 
 WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
@@ -111,30 +135,28 @@ WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
       m_row(-1),
       m_wasShown(false)
 {
-    // The style engine keeps what it makes of each widget that it dresses, and the toolkit has it dress much that nobody
-    // sees: every new widget at the next turn of the event loop, and, when something is shown, all of its descendants
-    // that are not below one that is dressed already. With the row done now, the requests of its children refused, and
-    // hidden from the start what many rows never show, each child is dressed when it is seen.
+    // When something is shown, the style engine dresses all of its descendants, hidden or not, that are not below one that
+    // is dressed already. With the row done now, and hidden from the start what many rows never show, each part is dressed
+    // when it is seen.
     ensurePolished();
 
-    m_titleLabel = new WidgetMarqueeLable(this);
+    m_titleLabel = new RowPart<WidgetMarqueeLable>(this);
     m_titleLabel->setTextFormat(Qt::PlainText);
     m_titleLabel->setFont(defaultFont(12, true));
     m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    m_titleStack = new QStackedWidget(this);
-    m_serialNumLabel = new QLabel(this);
+    m_titleStack = new RowPart<QStackedWidget>(this);
+    m_serialNumLabel = new RowPart<QLabel>(this);
     m_serialNumLabel->setFont(defaultFont(11, true));
-    m_valueLabel = new QLabel(this);
+    m_valueLabel = new RowPart<QLabel>(this);
     m_valueLabel->setTextFormat(Qt::PlainText);
     m_valueLabel->setFont(defaultValueFont());
-    m_valueStack = new QStackedWidget(this);
-    m_prevArrow = new QLabel(this);
-    m_nextArrow = new QLabel(this);
+    m_valueStack = new RowPart<QStackedWidget>(this);
+    m_prevArrow = new RowPart<QLabel>(this);
+    m_nextArrow = new RowPart<QLabel>(this);
 
     m_titleFont = m_titleLabel->font();
     m_valueFont = m_valueLabel->font();
-    for (int i = 0; i < children().size(); ++i)
-        children().at(i)->installEventFilter(this);
+    m_titleLabel->installEventFilter(this);
     m_valueStack->hide();
     m_prevArrow->hide();
     m_nextArrow->hide();
@@ -552,23 +574,10 @@ bool WidgetListItem::event(QEvent *event)
 
 bool WidgetListItem::eventFilter(QObject *watched, QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::PolishRequest:
+    // Nobody tells the row that its m_marquee has been switched off.
+    if (event->type() == QEvent::Timer && watched == m_titleLabel && !m_marquee && stopMarquee()) {
+        updateTitle();
         return true;
-    case QEvent::StyleChange:
-        // Until a child is dressed, the style of the list that the row moves into concerns only the engine's memory.
-        if (watched->isWidgetType() && !static_cast<QWidget *>(watched)->testAttribute(Qt::WA_WState_Polished))
-            return true;
-        break;
-    case QEvent::Timer:
-        // Nobody tells the row that its m_marquee has been switched off.
-        if (watched == m_titleLabel && !m_marquee && stopMarquee()) {
-            updateTitle();
-            return true;
-        }
-        break;
-    default:
-        break;
     }
     return Widget::eventFilter(watched, event);
 }
@@ -618,7 +627,7 @@ void WidgetListItem::dress(bool focused)
 
 bool WidgetListItem::titleIsCut()
 {
-    return m_fittedTitle->textWidth(m_title, m_titleFont) > m_titleLabel->width();
+    return !m_fittedTitle->fits(m_title, m_titleFont, m_titleLabel->width());
 }
 
 QString WidgetListItem::marqueeText() const
