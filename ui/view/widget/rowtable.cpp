@@ -9,8 +9,13 @@
 #include <QScrollBar>
 
 RowTable::RowTable(int rows, QWidget *list)
-    : QTableWidget(rows, 1, list)
+    : QTableWidget(list)
 {
+    // Before there are rows: a header that is seen measures its names for them.
+    horizontalHeader()->setVisible(false);
+    verticalHeader()->setVisible(false);
+    setRowCount(rows);
+    setColumnCount(1);
 }
 
 RowTable::~RowTable()

@@ -7,7 +7,7 @@
 
 class WidgetListItem;
 
-/// The table of a WidgetList, which is its parent: one column whose cells are list items.
+/// The table of a WidgetList, which is its parent: one column, without headers, whose cells are list items.
 ///
 /// A plain table shows all of its cell widgets, seen or not, moves them all at every scroll, and goes on using one that
 /// was deleted. This one shows an item when its row first comes into view, moves only items that come into view or leave

@@ -7,7 +7,6 @@
 #include "widgetlistitem.h"
 #include "widgetmenutitle.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 
 namespace {
@@ -56,8 +55,6 @@ WidgetList::WidgetList(int rowCount, QWidget *parent, SoundManager *soundManager
     m_table->setShowGrid(false);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->horizontalHeader()->setVisible(false);
-    m_table->verticalHeader()->setVisible(false);
     m_table->setGeometry(TableRect);
     m_table->setColumnWidth(0, TableRect.width());
     m_table->setAlternatingRowColors(true);
