@@ -142,6 +142,7 @@ private slots:
     void rowTakenOutByTheApplicationIsLeftAlone();
     void listMovedToAnotherParentLooksAsIfItWereBuiltThere();
     void rowHiddenInTheTableComesBackOutOfView();
+    void rowHiddenInTheTableComesBackInTheHeightOfItsRow();
     void partsOfARowAreShownWithEvents();
     void rowAddedIsNotHiddenAnew();
 };
@@ -1009,6 +1010,18 @@ void TestWidgetListRows::rowHiddenInTheTableComesBackOutOfView()
     QCOMPARE(RowParts(*menu.item(0)).title->text(), QStringLiteral("changed"));
     menu.list->setFocusAtItem(0);
     QVERIFY(!menu.item(0)->visibleRegion().isEmpty());
+}
+
+void TestWidgetListRows::rowHiddenInTheTableComesBackInTheHeightOfItsRow()
+{
+    Menu menu(3);
+    menu.show();
+    menu.list->hideItem(1);
+    menu.list->setRowHeight(30);
+    menu.list->showItem(1);
+    runEventLoop();
+    QCOMPARE(menu.item(1)->height(), 30);
+    QCOMPARE(RowParts(*menu.item(1)).nextArrow->y(), 10);
 }
 
 void TestWidgetListRows::partsOfARowAreShownWithEvents()

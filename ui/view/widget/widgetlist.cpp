@@ -170,10 +170,12 @@ void WidgetList::showItem(int row)
         return;
     m_table->showRow(row);
     WidgetListItem *item = m_table->listItem(row);
-    if (item && item->m_wasShown)
+    if (item && item->m_wasShown) {
+        takeRowSize(row);
         showWithParent(item);
-    else if (isVisible())
+    } else if (isVisible()) {
         refreshUnseen(row);
+    }
 }
 
 void WidgetList::refreshItems()
@@ -302,9 +304,15 @@ void WidgetList::refreshUnseen(int row)
     WidgetListItem *item = m_table->listItem(row);
     if (!item || item->m_wasShown || m_table->isRowHidden(row))
         return;
-    item->resize(m_table->columnWidth(0), m_table->rowHeight(row));
+    takeRowSize(row);
     item->refresh();
     item->m_refreshedUnseen = true;
+}
+
+void WidgetList::takeRowSize(int row)
+{
+    // Before the row lays itself out: the table gives it its size only after that.
+    m_table->listItem(row)->resize(m_table->columnWidth(0), m_table->rowHeight(row));
 }
 
 void WidgetList::keyPressEvent(QKeyEvent *event)

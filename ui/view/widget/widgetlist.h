@@ -138,6 +138,7 @@ protected:
 
 private:
     void refreshUnseen(int row);
+    void takeRowSize(int row);
     void focusRow(int row);
     void moveTo(int row);
     void click();
