@@ -1,3 +1,5 @@
+#include "waiting.h"
+
 #include "platform/desktop/audiooutput.h"
 #include "platform/desktop/desktopclock.h"
 #include "platform/desktop/desktoplog.h"
@@ -552,11 +554,11 @@ void TestDesktopPlatform::hangingThreadIsReportedOnce()
     Desktop::setWatchTimeout(50ms);
     CapturedErrors errors;
     Util::startWatchThread("worker");
-    QTRY_COMPARE(errors.lines().size(), 1);
+    EVENTUALLY_COMPARE(errors.lines().size(), 1);
     QVERIFY(errors.lines()[0].contains("\"worker\" has not answered for 0."));
     QVERIFY(Desktop::watchedThreads()[0].hanging);
     Desktop::setWatchTimeout(40ms);
-    QTest::qWait(150);
+    passTime(150);
     QCOMPARE(errors.lines().size(), 1);
     Util::stopWatchThread("worker");
 }
@@ -566,7 +568,7 @@ void TestDesktopPlatform::returningThreadIsReportedOnce()
     Desktop::setWatchTimeout(50ms);
     CapturedErrors errors;
     Util::startWatchThread("worker");
-    QTRY_COMPARE(errors.lines().size(), 1);
+    EVENTUALLY_COMPARE(errors.lines().size(), 1);
     Desktop::setWatchTimeout(5s);
     Util::kickDog("worker");
     QCOMPARE(errors.lines().size(), 2);
@@ -584,7 +586,7 @@ void TestDesktopPlatform::kickedThreadIsNotReported()
     Util::startWatchThread("worker");
     for (int i = 0; i < 20; ++i) {
         Util::kickDog("worker");
-        QTest::qWait(40);
+        passTime(40);
     }
     Util::stopWatchThread("worker");
     QCOMPARE(errors.lines(), QStringList());
@@ -595,9 +597,9 @@ void TestDesktopPlatform::threadHangsAgainAfterReturn()
     Desktop::setWatchTimeout(50ms);
     CapturedErrors errors;
     Util::startWatchThread("worker");
-    QTRY_COMPARE(errors.lines().size(), 1);
+    EVENTUALLY_COMPARE(errors.lines().size(), 1);
     Util::kickDog("worker");
-    QTRY_COMPARE(errors.lines().size(), 3);
+    EVENTUALLY_COMPARE(errors.lines().size(), 3);
     QVERIFY(errors.lines()[2].contains("has not answered"));
     Util::stopWatchThread("worker");
 }
@@ -609,14 +611,14 @@ void TestDesktopPlatform::stoppedThreadIsNotWatched()
     Util::startWatchThread("worker");
     Util::stopWatchThread("worker");
     QVERIFY(Desktop::watchedThreads().empty());
-    QTest::qWait(150);
+    passTime(150);
     QCOMPARE(errors.lines(), QStringList());
 }
 
 void TestDesktopPlatform::watchedThreadsTellSecondsSinceKick()
 {
     Util::startWatchThread("first");
-    QTest::qWait(120);
+    passTime(120);
     Util::startWatchThread("second");
     const std::vector<Desktop::WatchedThread> threads = Desktop::watchedThreads();
     QCOMPARE(threads.size(), std::size_t(2));
@@ -644,10 +646,10 @@ void TestDesktopPlatform::threadsOfOneNameAreWatchedApart()
         Util::stopWatchThread("clock");
     });
     isRegistered.get_future().wait();
-    QTest::qWait(60);
+    passTime(60);
     Util::kickDog("clock");
     Desktop::setWatchTimeout(50ms);
-    QTRY_VERIFY(!errors.lines().isEmpty());
+    EVENTUALLY(!errors.lines().isEmpty());
     Desktop::setWatchTimeout(5s);
     Util::kickDog("clock");
     const std::vector<Desktop::WatchedThread> threads = Desktop::watchedThreads();
@@ -674,7 +676,7 @@ void TestDesktopPlatform::kickFromAnotherThreadCounts()
 {
     CapturedErrors errors;
     Util::startWatchThread("worker");
-    QTest::qWait(60);
+    passTime(60);
     inThread([] { Util::kickDog("worker"); });
     QVERIFY(Desktop::watchedThreads()[0].secondsSinceKick < 0.05);
     inThread([] { Util::stopWatchThread("worker"); });

@@ -1,6 +1,7 @@
 #include "eventrecording.h"
 #include "recordingplatform.h"
 #include "rowparts.h"
+#include "waiting.h"
 
 #include "platform/soundmanager.h"
 
@@ -598,7 +599,7 @@ void TestWidgetListItem::refreshTwiceChangesNothing()
     row.show();
     // Only the second layout on one line measures with the fonts of one line.
     row.refresh();
-    QVERIFY(QTest::qWaitForWindowExposed(&row));
+    QVERIFY(QTest::qWaitForWindowExposed(&row, LongestWait));
     QCoreApplication::processEvents();
     EventRecorder recorder(&row);
     row.refresh();
@@ -616,11 +617,11 @@ void TestWidgetListItem::secondShowDressesNothing()
     addValues(row, QStringLiteral("tt"));
     setFlags(row, QStringLiteral("b"));
     row.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&row));
+    QVERIFY(QTest::qWaitForWindowExposed(&row, LongestWait));
     row.hide();
     EventRecorder recorder(&row);
     row.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&row));
+    QVERIFY(QTest::qWaitForWindowExposed(&row, LongestWait));
     QCOMPARE(recorder.count(QEvent::StyleChange), 0);
     QCOMPARE(recorder.count(QEvent::FontChange), 0);
     QCOMPARE(recorder.count(QEvent::Polish), 0);
@@ -1175,7 +1176,7 @@ void TestWidgetListItem::dressesWhenTheFocusReallyMoves()
     }
     window.show();
     window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(QTest::qWaitForWindowActive(&window, LongestWait));
     first.setFocus(Qt::OtherFocusReason);
     QVERIFY(first.hasFocus());
     QCOMPARE(RowParts(first).title->styleSheet(), s_focusedText);
@@ -1311,14 +1312,14 @@ void TestWidgetListItem::scrollsByOneCharacterInRealTime()
     QElapsedTimer clock;
     clock.start();
     focusIn(&row);
-    QTRY_COMPARE(row.parts.title->m_offset, 1);
+    EVENTUALLY_COMPARE(row.parts.title->m_offset, 1);
     QVERIFY2(clock.elapsed() >= 180, qPrintable(QString::number(clock.elapsed())));
-    QTRY_COMPARE(row.parts.title->m_offset, 4);
+    EVENTUALLY_COMPARE(row.parts.title->m_offset, 4);
     QVERIFY2(clock.elapsed() >= 750, qPrintable(QString::number(clock.elapsed())));
     QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
     QCOMPARE(row.parts.title->text(), row.text.mid(4) + "   " + row.text.left(4));
     focusOut(&row);
-    QTest::qWait(450);
+    passTime(450);
     QCOMPARE(row.parts.title->text(), row.cut);
     QCOMPARE(row.parts.title->m_offset, 4);
 }
@@ -1492,7 +1493,7 @@ void TestWidgetListItem::scrollingRowMayBeDeleted()
     row->show();
     focusIn(row);
     delete row;
-    QTest::qWait(250);
+    passTime(250);
 }
 
 // --- Keys
@@ -1801,16 +1802,16 @@ void TestWidgetListItem::keyStepRedrawsTheValueAndNothingElse()
     setFlags(row, QStringLiteral("b"));
     row.show();
     row.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&row));
+    QVERIFY(QTest::qWaitForWindowActive(&row, LongestWait));
     row.setFocus();
     // Some keys first: pages of a stack are dressed when they are first seen.
     for (int i = 0; i < 3; ++i)
         releaseKey(&row, Qt::Key_6);
-    QTest::qWait(20);
+    passTime(20);
     const RowParts parts(row);
     EventRecorder recorder(&row);
     releaseKey(&row, Qt::Key_6);
-    QTest::qWait(20);
+    passTime(20);
     QCOMPARE(recorder.receivers(QEvent::StyleChange), QList<QObject *>());
     QCOMPARE(recorder.receivers(QEvent::FontChange), QList<QObject *>());
     QCOMPARE(recorder.count(QEvent::Paint, parts.title), 0);
@@ -1876,7 +1877,7 @@ void TestWidgetListItem::aSlotMayDeleteTheRow()
         row->setSelectableRange(0, 1);
     screen.show();
     screen.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&screen));
+    QVERIFY(QTest::qWaitForWindowActive(&screen, LongestWait));
     row->setFocus();
     connect(row.data(), &WidgetListItem::doChange, this, [&row] { delete row.data(); });
     connect(row.data(), &WidgetListItem::doEnter, this, [&row] { delete row.data(); });
@@ -1886,7 +1887,7 @@ void TestWidgetListItem::aSlotMayDeleteTheRow()
     QVERIFY(!row);
     // A row that is gone clicks no more.
     QCOMPARE(RecordingPlatform::sounds(), entersAfterTheClick ? QList<int>({901}) : QList<int>());
-    QTest::qWait(10);
+    passTime(10);
 }
 
 void TestWidgetListItem::aSlotSeesTheNewValue()

@@ -1,4 +1,5 @@
 #include "eventrecording.h"
+#include "waiting.h"
 #include "widgetmarqueelable.h"
 
 #include <QtTest>
@@ -164,7 +165,7 @@ void TestWidgetMarqueeLable::startsAndStopsNoTimerItself()
     label.m_marqueeText = QStringLiteral("ABC");
     label.setText(QStringLiteral("still"));
     label.show();
-    QTest::qWait(250);
+    passTime(250);
     QCOMPARE(label.text(), QStringLiteral("still"));
     QCOMPARE(label.m_timerId, 0);
 }
@@ -215,10 +216,10 @@ void TestWidgetMarqueeLable::turnsWithARealTimer()
     WidgetMarqueeLable label(nullptr);
     label.m_marqueeText = QStringLiteral("ABC");
     const int timer = label.startTimer(20);
-    QTRY_COMPARE(label.text(), QStringLiteral("CAB"));
+    EVENTUALLY_COMPARE(label.text(), QStringLiteral("CAB"));
     label.killTimer(timer);
     const QString text = label.text();
-    QTest::qWait(80);
+    passTime(80);
     QCOMPARE(label.text(), text);
 }
 
