@@ -4,7 +4,6 @@
 #include "widgetmenutitle.h"
 
 #include <QAbstractEventDispatcher>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QtTest>
@@ -2833,8 +2832,7 @@ void TestWidgetList::deletedItemLeavesAnEmptyRow()
 
 void TestWidgetList::tenThousandRows()
 {
-    QElapsedTimer clock;
-    clock.start();
+    const qint64 start = processorTime();
     Menu menu(10000);
     menu.show();
     QCOMPARE(menu.type(Qt::Key_8), 1);
@@ -2852,7 +2850,8 @@ void TestWidgetList::tenThousandRows()
     QCOMPARE(menu.list->findNextRow(7), 7);
     menu.list->removeAllItems();
     runEventLoop();
-    QVERIFY2(clock.elapsed() < 60000, qPrintable(QString::number(clock.elapsed())));
+    const qint64 taken = processorTime() - start;
+    QVERIFY2(taken < 60000, qPrintable(QString::number(taken)));
 }
 
 void TestWidgetList::manyRowsAddedAgain()
@@ -2863,12 +2862,12 @@ void TestWidgetList::manyRowsAddedAgain()
     QList<WidgetListItem *> items;
     for (int row = 0; row < count; ++row)
         items.prepend(menu.item(row));
-    QElapsedTimer clock;
-    clock.start();
+    const qint64 start = processorTime();
     menu.list->setRowCount(count);
     for (WidgetListItem *item : items)
         menu.list->addListItem(item);
-    QVERIFY2(clock.elapsed() < 10000, qPrintable(QString::number(clock.elapsed())));
+    const qint64 taken = processorTime() - start;
+    QVERIFY2(taken < 10000, qPrintable(QString::number(taken)));
     runEventLoop();
     for (int row = 0; row < count; ++row)
         QCOMPARE(menu.item(row), items.at(row));

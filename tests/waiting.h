@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <ctime>
 #include <functional>
 
 /// The milliseconds that a test waits for what comes by itself. A machine with other things to do is slow, not wrong.
@@ -24,6 +25,14 @@ inline void passTime(int ms)
     loop.exec();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
+}
+
+/// The milliseconds for which the calling thread has had a processor. What other programs take does not count.
+inline qint64 processorTime()
+{
+    timespec time;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return qint64(time.tv_sec) * 1000 + time.tv_nsec / 1000000;
 }
 
 /// Does something at certain times, in the middle of the timers of what is tested: all timers of a thread go off in the
