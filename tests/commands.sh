@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # ./simulate and ./check under bad conditions: in trees that were moved or may only be read, without root, with words
-# that they do not know. They run in a small tree, in which the simulator is a copy of the shell.
+# that they do not know. They run in a small tree, in which the simulator is a copy of the shell. And tests/alone.sh, with
+# test programs that are scripts.
 #
 #   tests/commands.sh                 every test, each in a tree of its own
 #   tests/commands.sh --list          the names of the tests
@@ -277,6 +278,18 @@ test_check_rejects_an_unknown_step_at_once()
     expect_no_file build
 }
 
+test_check_runs_some_steps_only_when_asked()
+{
+    run ./check --help
+    expect_said "Asked for by name only: alone"
+    run ./check
+    expect_said "== The library as C++98"
+    expect_not_said "on a busy machine"
+    run ./check alone
+    expect_said "on a busy machine"
+    expect_not_said "== The library as C++98"
+}
+
 test_check_runs_a_step()
 {
     run ./check guard
@@ -341,6 +354,83 @@ test_check_builds_elsewhere()
     expect_status 0
     expect_said "2 passed, 0 failed"
     expect_no_file build
+}
+
+# Makes a build with one test program and prints its directory. WORDS_FAIL names the run that fails.
+make_test_build()
+{
+    mkdir -p "$work/tested/bin"
+    echo 'add_test(tst_words "bin/tst_words")' > "$work/tested/CTestTestfile.cmake"
+    cat > "$work/tested/bin/tst_words" << 'END'
+#!/bin/bash
+[ "$*" != -functions ] || { printf '%s()\n' first second third; exit; }
+[ "$*" != third ] || sleep "${WORDS_SLEEP:-0}"
+echo "FAIL!  : $*"
+[[ ${WORDS_FAIL:-none} != "$*" ]]
+END
+    chmod +x "$work/tested/bin/tst_words"
+    echo "$work/tested"
+}
+
+test_alone_runs_every_function_and_all_of_a_program()
+{
+    run "$root/tests/alone.sh" "$(make_test_build)"
+    expect_status 0
+    for name in first second third; do
+        expect_said "] tst_words $name
+"
+    done
+    expect_said "4 passed, 0 failed"
+    expect_not_said "FAIL"
+}
+
+test_alone_repeats_an_order()
+{
+    local once build
+    build=$(make_test_build)
+    run env WIDGET_SEED=7 "$root/tests/alone.sh" "$build"
+    expect_said "WIDGET_SEED=7"
+    once=$(grep -E 'tst_words .* ' <<< "$said" | sed 's/.*]//')
+    run env WIDGET_SEED=7 "$root/tests/alone.sh" "$build"
+    [ "$(grep -E 'tst_words .* ' <<< "$said" | sed 's/.*]//')" = "$once" ] || die "The order is another one."
+}
+
+test_alone_tells_what_fails()
+{
+    run env WORDS_FAIL=second "$root/tests/alone.sh" "$(make_test_build)"
+    expect_status 1
+    expect_said "FAILED, status 1: tst_words second"
+    expect_said "FAIL!  : second"
+    expect_said "3 passed, 1 failed"
+}
+
+test_alone_leaves_nothing_running()
+{
+    local pid signal left
+    for signal in INT TERM; do
+        # A shell has what it starts in the background ignore Ctrl-C.
+        WORDS_SLEEP=300 env --default-signal=INT setsid "$root/tests/alone.sh" "$(make_test_build)" \
+            > "$work/said" 2>&1 < /dev/null &
+        pid=$!
+        until grep -qs '] tst_words' "$work/said"; do sleep 0.1; done
+        [ "$(ps -o pid= --ppid "$pid" | wc -l)" -ge 9 ] || die "It does not load the machine."
+        kill -s "$signal" "$pid"
+        wait "$pid"
+        left=$(ps -o stat=,args= --sid "$pid" | grep -v '^Z')
+        [ -z "$left" ] || die "After SIG$signal there is still: $left"
+    done
+}
+
+test_alone_needs_a_build()
+{
+    run "$root/tests/alone.sh"
+    expect_status 2
+    expect_said "tests/alone.sh <build directory>"
+    run "$root/tests/alone.sh" "$work"
+    expect_status 2
+    run "$root/tests/alone.sh" "$(make_test_build)" tst_none
+    expect_status 2
+    expect_said "tst_none"
 }
 
 # Leaves only the commands that the scripts need, and no sudo.

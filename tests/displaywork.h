@@ -2,6 +2,7 @@
 #define DISPLAYWORK_H
 
 #include "eventrecording.h"
+#include "waiting.h"
 
 #include <QMetaEnum>
 #include <QTest>
@@ -25,8 +26,8 @@ inline QStringList displayWork(const EventRecorder &recorder)
 inline bool showAndPaint(QWidget &widget)
 {
     widget.show();
-    const bool exposed = QTest::qWaitForWindowExposed(&widget);
-    QTest::qWait(20);
+    const bool exposed = QTest::qWaitForWindowExposed(&widget, LongestWait);
+    passTime(20);
     return exposed;
 }
 

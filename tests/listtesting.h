@@ -3,6 +3,7 @@
 
 #include "eventrecording.h"
 #include "recordingplatform.h"
+#include "waiting.h"
 #include "widgetlist.h"
 #include "widgetlistitem.h"
 
@@ -85,7 +86,7 @@ struct Menu
     {
         screen.show();
         screen.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&screen));
+        QVERIFY(QTest::qWaitForWindowActive(&screen, LongestWait));
         runEventLoop();
         RecordingPlatform::reset();
         screen.takeKeys();

@@ -1,5 +1,6 @@
 #include "recordingplatform.h"
 #include "threadruns.h"
+#include "waiting.h"
 #include "widgetdate.h"
 
 #include <QtTest>
@@ -126,7 +127,7 @@ void TestDateUpdateThread::aStopSetBeforehandMakesNoPass()
             Qt::DirectConnection);
     thread.m_stop = true;
     thread.start();
-    QVERIFY(thread.wait(10000));
+    QVERIFY(thread.wait(LongestWait));
     QCOMPARE(RecordingPlatform::events(), QStringList()
              << "watchdog:start:" + WatchName << "watchdog:stop:" + WatchName);
     QCOMPARE(bool(thread.m_stop), false);
@@ -157,9 +158,9 @@ void TestDateUpdateThread::reportsFromItsOwnThread()
     connect(&thread, &DateUpdateThread::update, &thread, [&] { reporter = QThread::currentThread(); },
             Qt::DirectConnection);
     thread.start();
-    QTRY_VERIFY(reporter != nullptr);
+    EVENTUALLY(reporter != nullptr);
     thread.m_stop = true;
-    QVERIFY(thread.wait(10000));
+    QVERIFY(thread.wait(LongestWait));
     QCOMPARE(reporter.load(), static_cast<QThread *>(&thread));
 }
 
@@ -171,7 +172,7 @@ void TestDateUpdateThread::startsAndStopsAThousandTimes()
         thread.m_interval = i % 2;
         thread.start();
         thread.m_stop = true;
-        QVERIFY(thread.wait(10000));
+        QVERIFY(thread.wait(LongestWait));
         QCOMPARE(bool(thread.m_stop), false);
     }
     int starts = 0;

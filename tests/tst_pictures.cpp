@@ -10,6 +10,7 @@
 #include "eventrecording.h"
 #include "picturecomparison.h"
 #include "recordingplatform.h"
+#include "waiting.h"
 
 #include "widgetbottom.h"
 #include "widgetbottomguide.h"
@@ -502,7 +503,7 @@ QImage draw(const QString &name, const Scene &spoil = nullptr, const Scene &prep
     picture.arrange(screen);
     screen.show();
     screen.activateWindow();
-    if (!QTest::qWaitForWindowActive(&screen))
+    if (!QTest::qWaitForWindowActive(&screen, LongestWait))
         qFatal("the screen did not become active");
     if (picture.use)
         picture.use(screen);

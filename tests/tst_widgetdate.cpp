@@ -1,9 +1,10 @@
+#include "allocationcount.h"
 #include "eventrecording.h"
 #include "recordingplatform.h"
 #include "threadruns.h"
+#include "waiting.h"
 #include "widgetdate.h"
 
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QtTest>
@@ -42,7 +43,7 @@ struct DateScreen
     void bringUp()
     {
         screen.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&screen));
+        QVERIFY(QTest::qWaitForWindowExposed(&screen, LongestWait));
         runEventLoop();
     }
 
@@ -83,7 +84,7 @@ private slots:
     void theSameDateTouchesNothing();
     void theSameDatePutsReplacedTextsAndPlacesBack();
     void theSameDateFollowsAReplacedFont();
-    void theSameDateCostsLessThanTenMicroseconds();
+    void theSameDateMeasuresNoText();
 
     void keepsItselfCurrent();
     void drawsInTheGuiThread();
@@ -366,24 +367,28 @@ void TestWidgetDate::theSameDateFollowsAReplacedFont()
     QCOMPARE(screen.wdayLabel->geometry(), screen.wdayPlace());
 }
 
-void TestWidgetDate::theSameDateCostsLessThanTenMicroseconds()
+// Measuring a text takes memory for a while, all the more where letters are joined.
+void TestWidgetDate::theSameDateMeasuresNoText()
 {
-    DateScreen screen;
-    screen.date.setWDayText(4, QString::fromUtf8("الخميس"));
-    screen.date.updateDateMonth(3, 7, 4);
-    screen.bringUp();
-
-    const int passes = 1000;
-    qint64 pass = LLONG_MAX;
-    QElapsedTimer timer;
-    for (int round = 0; round < 10; ++round) {
-        timer.start();
-        for (int i = 0; i < passes; ++i)
-            screen.date.updateDateMonth(3, 7, 4);
-        pass = qMin(pass, timer.nsecsElapsed() / passes);
-    }
-    qInfo("a pass with the same date: %.2f us", pass / 1000.0);
-    QVERIFY(pass < 10000);
+#ifdef COUNTS_ALLOCATIONS
+    const QString name = QString::fromUtf8("الخميس");
+    const auto allocationsOfAPass = [](const QString &name) {
+        DateScreen screen;
+        screen.date.setWDayText(4, name);
+        screen.date.updateDateMonth(3, 7, 4);
+        screen.bringUp();
+        screen.date.updateDateMonth(3, 7, 4);
+        const long before = allocationCount();
+        screen.date.updateDateMonth(3, 7, 4);
+        return allocationCount() - before;
+    };
+    const long before = allocationCount();
+    QFontMetrics(QFont()).horizontalAdvance(name);
+    QVERIFY(allocationCount() > before);
+    QCOMPARE(allocationsOfAPass(name), allocationsOfAPass(QString()));
+#else
+    QSKIP("Something else looks after the memory.");
+#endif
 }
 
 void TestWidgetDate::keepsItselfCurrent()
@@ -392,15 +397,15 @@ void TestWidgetDate::keepsItselfCurrent()
     screen.bringUp();
     RecordingPlatform::setLocalTime(2024, 12, 31, 23, 59, 59);
     const Run<WidgetDate> run(screen.date);
-    QTRY_COMPARE(screen.dateLabel->text(), QString("12/31"));
+    EVENTUALLY_COMPARE(screen.dateLabel->text(), QString("12/31"));
     QCOMPARE(screen.wdayLabel->text(), QString("Tuesday"));
     QVERIFY(screen.date.isVisible());
     RecordingPlatform::setLocalTime(2025, 1, 1, 0, 0, 0);
-    QTRY_COMPARE(screen.dateLabel->text(), QString("01/01"));
+    EVENTUALLY_COMPARE(screen.dateLabel->text(), QString("01/01"));
     QCOMPARE(screen.wdayLabel->text(), QString("Wednesday"));
     RecordingPlatform::setLocalTime(2025, 1, 2, 0, 0, 0);
     screen.date.setFormat(WidgetDate::DayMonth);
-    QTRY_COMPARE(screen.dateLabel->text(), QString("02/01"));
+    EVENTUALLY_COMPARE(screen.dateLabel->text(), QString("02/01"));
 }
 
 void TestWidgetDate::drawsInTheGuiThread()
@@ -424,17 +429,18 @@ void TestWidgetDate::drawsInTheGuiThread()
     screen.bringUp();
     screen.date.installEventFilter(&recorder);
     const Run<WidgetDate> run(screen.date);
-    QTRY_COMPARE(recorder.threads, QList<QThread *>() << qApp->thread());
+    EVENTUALLY_COMPARE(recorder.threads, QList<QThread *>() << qApp->thread());
 }
 
 void TestWidgetDate::passesEvery300Milliseconds()
 {
     WidgetDate date(nullptr, nullptr);
+    holdThirdPass();
     date.start();
-    QTRY_VERIFY(RecordingPlatform::delays().size() >= 2);
-    QCOMPARE(RecordingPlatform::delays().mid(0, 2), QList<unsigned long>() << 300 << 300);
+    EVENTUALLY(RecordingPlatform::delays().size() >= 3);
+    QCOMPARE(RecordingPlatform::delays(), QList<unsigned long>() << 300 << 300 << 300);
     date.stop();
-    QVERIFY(RecordingPlatform::delays().contains(10));
+    QCOMPARE(RecordingPlatform::delays().value(3), 10ul);
 }
 
 void TestWidgetDate::stopReturnsWhenTheThreadHasEnded()

@@ -1,4 +1,5 @@
 #include "keypadtesting.h"
+#include "waiting.h"
 
 #include <QtTest>
 
@@ -934,7 +935,7 @@ void TestWidgetKeypad::initialKeyOfOneCharacterGoesToRestAfterAMoment()
     keypad.setInitialLineText("q", false, true, true);
     keypad.show();
     QCOMPARE(litKeys(keypad), QStringList() << "2,1");
-    QTRY_COMPARE_WITH_TIMEOUT(litKeys(keypad), QStringList(), 1000);
+    EVENTUALLY_COMPARE(litKeys(keypad), QStringList());
 }
 
 void TestWidgetKeypad::initialKeyOfSeveralCharactersStaysLit()
@@ -942,7 +943,7 @@ void TestWidgetKeypad::initialKeyOfSeveralCharactersStaysLit()
     FilledKeypad keypad;
     keypad.setInitialLineText("def3", false, true, true);
     keypad.show();
-    QTest::qWait(200);
+    passTime(200);
     QCOMPARE(litKeys(keypad), QStringList() << "0,2");
 }
 
@@ -951,7 +952,7 @@ void TestWidgetKeypad::lengthOfTheInitialKeyIsMeasuredOnThePageInUse()
     FilledKeypad keypad;
     keypad.setInitialLineText("2", false, true, true);
     keypad.show();
-    QTest::qWait(200);
+    passTime(200);
     QCOMPARE(litKeys(keypad), QStringList() << "0,1");
 }
 

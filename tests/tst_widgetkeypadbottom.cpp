@@ -1,5 +1,6 @@
 #include "keypadtesting.h"
 #include "recordingplatform.h"
+#include "waiting.h"
 #include "widgetkeypadbottom.h"
 
 #include <QtTest>
@@ -293,7 +294,7 @@ void TestWidgetKeypadBottom::cellStaysSelectedBecauseTheBarHasNoSlotForItsFlash(
     DressedBar bar;
     expectSlotWarnings(1);
     release(bar, Qt::Key_F2);
-    QTest::qWait(250);
+    passTime(250);
     QCOMPARE(bar.states(), QString("nSnn"));
 }
 

@@ -1,9 +1,9 @@
 #include "listtesting.h"
 #include "rowparts.h"
+#include "waiting.h"
 #include "widgetmenutitle.h"
 
 #include <QAbstractEventDispatcher>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QtTest>
@@ -813,7 +813,7 @@ void TestWidgetList::firstShowFocusesRowZero()
     menu.screen.show();
     QCOMPARE(RecordingPlatform::events(), QStringList(s_initialFocusTrace));
     menu.screen.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&menu.screen));
+    QVERIFY(QTest::qWaitForWindowActive(&menu.screen, LongestWait));
     QCOMPARE(focusedRow(*menu.list), 0);
     QCOMPARE(selectedRows(*menu.list), QList<int>({0}));
     QCOMPARE(RowParts(*menu.item(0)).title->styleSheet(), s_focusedText);
@@ -1490,13 +1490,13 @@ void TestWidgetList::keysOfTheWindowSystemArrive()
     noteSignals(menu.list);
     QWindow *window = menu.screen.windowHandle();
     QTest::keyClick(window, Qt::Key_8);
-    QTRY_COMPARE(focusedRow(*menu.list), 1);
+    EVENTUALLY_COMPARE(focusedRow(*menu.list), 1);
     QTest::keyClick(window, Qt::Key_6);
-    QTRY_COMPARE(menu.item(1)->getDisplayValue(), QStringLiteral("value 1"));
+    EVENTUALLY_COMPARE(menu.item(1)->getDisplayValue(), QStringLiteral("value 1"));
     QTest::keyClick(window, Qt::Key_2);
-    QTRY_COMPARE(focusedRow(*menu.list), 0);
+    EVENTUALLY_COMPARE(focusedRow(*menu.list), 0);
     QTest::keyClick(window, Qt::Key_Escape);
-    QTRY_VERIFY(RecordingPlatform::events().contains("finished"));
+    EVENTUALLY(RecordingPlatform::events().contains("finished"));
     QTest::keyClick(window, Qt::Key_0);
     runEventLoop();
     QCOMPARE(menu.screen.takeKeys(), QStringList("release 0"));
@@ -2048,7 +2048,7 @@ void TestWidgetList::noFocusStyleStopsATitleThatScrolls()
     tick(parts);
     QVERIFY(parts.title->text() != cut);
     menu.list->setNoFocusStyle(3);
-    QTRY_COMPARE(timersOf(parts.title).size(), 0);
+    EVENTUALLY_COMPARE(timersOf(parts.title).size(), 0);
     QCOMPARE(parts.title->text(), cut);
 }
 
@@ -2221,7 +2221,7 @@ void TestWidgetList::rowsStandWhereAPlainTablePutsThem()
         plain.table->hideRow(hidden);
     }
     parent.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&parent));
+    QVERIFY(QTest::qWaitForWindowExposed(&parent, LongestWait));
     menu.show();
 
     QString step = QStringLiteral("at first");
@@ -2553,10 +2553,10 @@ void TestWidgetList::downKeyDressesTheTwoRowsOnly()
     // Once around, so that every row has been dressed.
     for (int i = 0; i < 3; ++i)
         menu.type(Qt::Key_8);
-    QTest::qWait(20);
+    passTime(20);
     EventRecorder recorder(menu.list);
     QCOMPARE(menu.type(Qt::Key_8), 1);
-    QTest::qWait(20);
+    passTime(20);
     const QList<QObject *> dressed = recorder.receivers(QEvent::StyleChange);
     QVERIFY(!dressed.isEmpty());
     for (QObject *object : dressed)
@@ -2578,10 +2578,10 @@ void TestWidgetList::keyStepDressesNothing()
     Menu menu(3, 3);
     menu.show();
     menu.type(Qt::Key_6);
-    QTest::qWait(20);
+    passTime(20);
     EventRecorder recorder(menu.list);
     menu.type(Qt::Key_6);
-    QTest::qWait(20);
+    passTime(20);
     QCOMPARE(recorder.count(QEvent::StyleChange), 0);
     QCOMPARE(recorder.count(QEvent::FontChange), 0);
     QCOMPARE(recorder.count(QEvent::Move), 0);
@@ -2600,10 +2600,10 @@ void TestWidgetList::refreshOfAnUnchangedListDressesNothing()
     QWidget *other = new QWidget(&menu.screen);
     menu.show();
     other->setFocus();
-    QTest::qWait(20);
+    passTime(20);
     EventRecorder recorder(menu.list);
     menu.list->refreshItems();
-    QTest::qWait(20);
+    passTime(20);
     for (QEvent::Type type : {QEvent::StyleChange, QEvent::FontChange, QEvent::Paint, QEvent::Move, QEvent::Resize,
                               QEvent::Show, QEvent::Hide, QEvent::Polish})
         QCOMPARE(recorder.receivers(type), QList<QObject *>());
@@ -2832,8 +2832,7 @@ void TestWidgetList::deletedItemLeavesAnEmptyRow()
 
 void TestWidgetList::tenThousandRows()
 {
-    QElapsedTimer clock;
-    clock.start();
+    const qint64 start = processorTime();
     Menu menu(10000);
     menu.show();
     QCOMPARE(menu.type(Qt::Key_8), 1);
@@ -2851,7 +2850,8 @@ void TestWidgetList::tenThousandRows()
     QCOMPARE(menu.list->findNextRow(7), 7);
     menu.list->removeAllItems();
     runEventLoop();
-    QVERIFY2(clock.elapsed() < 60000, qPrintable(QString::number(clock.elapsed())));
+    const qint64 taken = processorTime() - start;
+    QVERIFY2(taken < 60000, qPrintable(QString::number(taken)));
 }
 
 void TestWidgetList::manyRowsAddedAgain()
@@ -2862,12 +2862,12 @@ void TestWidgetList::manyRowsAddedAgain()
     QList<WidgetListItem *> items;
     for (int row = 0; row < count; ++row)
         items.prepend(menu.item(row));
-    QElapsedTimer clock;
-    clock.start();
+    const qint64 start = processorTime();
     menu.list->setRowCount(count);
     for (WidgetListItem *item : items)
         menu.list->addListItem(item);
-    QVERIFY2(clock.elapsed() < 10000, qPrintable(QString::number(clock.elapsed())));
+    const qint64 taken = processorTime() - start;
+    QVERIFY2(taken < 10000, qPrintable(QString::number(taken)));
     runEventLoop();
     for (int row = 0; row < count; ++row)
         QCOMPARE(menu.item(row), items.at(row));

@@ -2,6 +2,7 @@
 #include "listtesting.h"
 #include "picturecomparison.h"
 #include "rowparts.h"
+#include "waiting.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -79,7 +80,7 @@ struct PlainList
     {
         screen.show();
         screen.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&screen));
+        QVERIFY(QTest::qWaitForWindowActive(&screen, LongestWait));
         runEventLoop();
     }
 
@@ -428,12 +429,12 @@ void TestWidgetListRows::rowHiddenInAnInactiveWindowDoesNotGetTheFocusWithIt()
     QWidget other;
     other.show();
     other.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QVERIFY(QTest::qWaitForWindowActive(&other, LongestWait));
     QVERIFY(!menu.item(1)->hasFocus());
     menu.list->hideItem(1);
     menu.screen.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&menu.screen));
-    QTRY_COMPARE(QApplication::focusWidget(), menu.list.data());
+    QVERIFY(QTest::qWaitForWindowActive(&menu.screen, LongestWait));
+    EVENTUALLY_COMPARE(QApplication::focusWidget(), menu.list.data());
     QCOMPARE(rowsThatLookFocused(*menu.list), QList<int>());
 }
 
@@ -806,7 +807,7 @@ void TestWidgetListRows::pictureOfARowDoesNotDependOnTheView()
         if (row == 0) {
             expected->setFocus();
             parent.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&parent));
+            QVERIFY(QTest::qWaitForWindowActive(&parent, LongestWait));
             QVERIFY(expected->hasFocus());
             parent.setFocus();
         }
@@ -834,13 +835,13 @@ void TestWidgetListRows::pictureIsThatOfAPlainTable()
     plain.show();
     for (int row : {0, 2, 3, 7, 11, 8, 0}) {
         plain.screen.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&plain.screen));
+        QVERIFY(QTest::qWaitForWindowActive(&plain.screen, LongestWait));
         plain.table->selectRow(row);
         plain.item(row)->setFocus();
         runEventLoop();
         const QImage expected = picture(plain.table);
         menu.screen.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&menu.screen));
+        QVERIFY(QTest::qWaitForWindowActive(&menu.screen, LongestWait));
         menu.list->setFocusAtItem(row);
         runEventLoop();
         QCOMPARE(differingPixels(picture(menu.table()), expected), 0);
@@ -877,7 +878,7 @@ void TestWidgetListRows::listInAHiddenParentIsShownWithIt()
     QVERIFY(!itemOf(*list, 0)->isVisible());
     parent.show();
     parent.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&parent));
+    QVERIFY(QTest::qWaitForWindowActive(&parent, LongestWait));
     for (int row = 0; row < 12; ++row)
         QCOMPARE(itemOf(*list, row)->isVisible(), isInView(*list, row));
     QCOMPARE(focusedRow(*list), 0);
@@ -970,7 +971,7 @@ void TestWidgetListRows::listMovedToAnotherParentLooksAsIfItWereBuiltThere()
     menu.list->show();
     parent.show();
     parent.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&parent));
+    QVERIFY(QTest::qWaitForWindowActive(&parent, LongestWait));
     runEventLoop();
 
     QWidget fresh;
@@ -982,16 +983,16 @@ void TestWidgetListRows::listMovedToAnotherParentLooksAsIfItWereBuiltThere()
     fresh.show();
     runEventLoop();
     fresh.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&fresh));
+    QVERIFY(QTest::qWaitForWindowActive(&fresh, LongestWait));
     list.setFocusAtItem(2);
     for (int row : {0, 7}) {
         menu.list->setFocusAtItem(row);
         list.setFocusAtItem(row);
         parent.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&parent));
+        QVERIFY(QTest::qWaitForWindowActive(&parent, LongestWait));
         const QImage moved = picture(menu.list);
         fresh.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&fresh));
+        QVERIFY(QTest::qWaitForWindowActive(&fresh, LongestWait));
         QCOMPARE(differingPixels(moved, picture(&list)), 0);
     }
 }

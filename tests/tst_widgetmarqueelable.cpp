@@ -1,4 +1,5 @@
 #include "eventrecording.h"
+#include "waiting.h"
 #include "widgetmarqueelable.h"
 
 #include <QtTest>
@@ -164,7 +165,7 @@ void TestWidgetMarqueeLable::startsAndStopsNoTimerItself()
     label.m_marqueeText = QStringLiteral("ABC");
     label.setText(QStringLiteral("still"));
     label.show();
-    QTest::qWait(250);
+    passTime(250);
     QCOMPARE(label.text(), QStringLiteral("still"));
     QCOMPARE(label.m_timerId, 0);
 }
@@ -210,15 +211,45 @@ void TestWidgetMarqueeLable::survivesAnOffsetOutsideTheText()
     QTEST(label.m_offset, "next");
 }
 
+namespace {
+
+/// The text of a label before each event of a timer.
+class TextsBeforeTimers : public QObject
+{
+public:
+    QStringList seen;
+
+    explicit TextsBeforeTimers(QLabel *label)
+        : m_label(label)
+    {
+        label->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Timer)
+            seen << m_label->text();
+        return false;
+    }
+
+private:
+    QLabel *const m_label;
+};
+
+}
+
 void TestWidgetMarqueeLable::turnsWithARealTimer()
 {
     WidgetMarqueeLable label(nullptr);
     label.m_marqueeText = QStringLiteral("ABC");
+    TextsBeforeTimers texts(&label);
     const int timer = label.startTimer(20);
-    QTRY_COMPARE(label.text(), QStringLiteral("CAB"));
+    EVENTUALLY(texts.seen.size() >= 4);
+    QCOMPARE(texts.seen.mid(0, 4), QStringList({"", "BCA", "CAB", "ABC"}));
     label.killTimer(timer);
     const QString text = label.text();
-    QTest::qWait(80);
+    passTime(80);
     QCOMPARE(label.text(), text);
 }
 

@@ -1,5 +1,6 @@
 #include "eventrecording.h"
 #include "recordingplatform.h"
+#include "waiting.h"
 #include "widgetmenutitle.h"
 
 #include "platform/soundmanager.h"
@@ -536,11 +537,11 @@ void TestWidgetMenuTitle::setFontStyleWithWhatIsInPlaceDressesNothing()
     WidgetMenuTitle title(nullptr, nullptr);
     title.setFontStyle(WidgetMenuTitle::ItemTitle, 14, false, QStringLiteral("color: rgba(255,255,255,255);"));
     title.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&title));
-    QTest::qWait(20);
+    QVERIFY(QTest::qWaitForWindowExposed(&title, LongestWait));
+    passTime(20);
     EventRecorder recorder(&title);
     title.setFontStyle(WidgetMenuTitle::ItemTitle, 14, false, QStringLiteral("color: rgba(255,255,255,255);"));
-    QTest::qWait(20);
+    passTime(20);
     QCOMPARE(recorder.count(QEvent::StyleChange), 0);
     QCOMPARE(recorder.count(QEvent::FontChange), 0);
     QCOMPARE(recorder.count(QEvent::Paint), 0);

@@ -188,6 +188,8 @@ static QString invalidIndex(const char *function, int index)
 void TestWidgetSwitcher::init()
 {
     RecordingPlatform::reset();
+    // A program starts with all of its resources.
+    unregisterWideDots();
     registerDots();
 }
 

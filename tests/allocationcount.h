@@ -1,0 +1,53 @@
+#ifndef ALLOCATIONCOUNT_H
+#define ALLOCATIONCOUNT_H
+
+// Counts how often a program asks for memory. Include it in one source only: it takes the place of the C library's
+// functions. Where a sanitizer does so already there is no COUNTS_ALLOCATIONS.
+
+#include <cstdlib>
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define HAS_SANITIZER
+#endif
+#elif defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define HAS_SANITIZER
+#endif
+
+#if defined(__GLIBC__) && !defined(HAS_SANITIZER)
+#define COUNTS_ALLOCATIONS
+
+#include <atomic>
+
+extern "C" void *__libc_malloc(size_t size);
+extern "C" void *__libc_calloc(size_t count, size_t size);
+extern "C" void *__libc_realloc(void *block, size_t size);
+
+static std::atomic<long> s_allocations(0);
+
+extern "C" void *malloc(size_t size) noexcept
+{
+    ++s_allocations;
+    return __libc_malloc(size);
+}
+
+extern "C" void *calloc(size_t count, size_t size) noexcept
+{
+    ++s_allocations;
+    return __libc_calloc(count, size);
+}
+
+extern "C" void *realloc(void *block, size_t size) noexcept
+{
+    ++s_allocations;
+    return __libc_realloc(block, size);
+}
+
+/// How often the program has asked for memory so far.
+inline long allocationCount()
+{
+    return s_allocations;
+}
+#endif
+
+#endif
