@@ -144,6 +144,9 @@ private slots:
     void listMovedToAnotherParentLooksAsIfItWereBuiltThere();
     void rowHiddenInTheTableComesBackOutOfView();
     void rowHiddenInTheTableComesBackInTheHeightOfItsRow();
+    void rowThatComesIntoViewWithTheFocusIsDressedForItAtOnce();
+    void rowThatComesIntoViewLooksFocusedOnlyWithTheFocus_data();
+    void rowThatComesIntoViewLooksFocusedOnlyWithTheFocus();
     void partsOfARowAreShownWithEvents();
     void rowAddedIsNotHiddenAnew();
 };
@@ -1023,6 +1026,54 @@ void TestWidgetListRows::rowHiddenInTheTableComesBackInTheHeightOfItsRow()
     runEventLoop();
     QCOMPARE(menu.item(1)->height(), 30);
     QCOMPARE(RowParts(*menu.item(1)).nextArrow->y(), 10);
+}
+
+void TestWidgetListRows::rowThatComesIntoViewWithTheFocusIsDressedForItAtOnce()
+{
+    Menu menu(12);
+    menu.show();
+    menu.list->setFocusAtItem(2);
+    const RowParts parts(*menu.item(3));
+    const EventRecorder recorder(parts.title);
+    QCOMPARE(menu.type(Qt::Key_8), 3);
+    QCOMPARE(rowsThatLookFocused(*menu.list), QList<int>{3});
+    QCOMPARE(recorder.count(QEvent::Polish), 1);
+    QCOMPARE(recorder.count(QEvent::StyleChange), 0);
+}
+
+void TestWidgetListRows::rowThatComesIntoViewLooksFocusedOnlyWithTheFocus_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::newRow("disabled") << Change([](Menu &menu) { menu.item(7)->setEnabled(false); });
+    QTest::newRow("disabled list") << Change([](Menu &menu) { menu.list->setEnabled(false); });
+    QTest::newRow("hidden table") << Change([](Menu &menu) { menu.table()->hide(); });
+    QTest::newRow("hidden list") << Change([](Menu &menu) { menu.list->hide(); });
+    QTest::newRow("hidden row") << Change([](Menu &menu) { menu.list->hideItem(7); });
+    QTest::newRow("inactive window") << Change([](Menu &menu) {
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other, LongestWait));
+        menu.list->setFocusAtItem(7);
+        QVERIFY(!menu.item(7)->hasFocus());
+        QVERIFY(!looksFocused(menu.item(7)));
+        menu.list->setFocusAtItem(0);
+    });
+}
+
+void TestWidgetListRows::rowThatComesIntoViewLooksFocusedOnlyWithTheFocus()
+{
+    QFETCH(Change, change);
+    Menu menu(12);
+    menu.show();
+    change(menu);
+    menu.list->setFocusAtItem(7);
+    QCOMPARE(looksFocused(menu.item(7)), menu.item(7)->hasFocus());
+    menu.table()->show();
+    menu.list->setEnabled(true);
+    menu.list->show();
+    runEventLoop();
+    QCOMPARE(looksFocused(menu.item(7)), menu.item(7)->hasFocus());
 }
 
 void TestWidgetListRows::partsOfARowAreShownWithEvents()

@@ -434,10 +434,15 @@ void WidgetList::handleDigitRelease(QKeyEvent *event)
 
 void WidgetList::focusRow(int row)
 {
+    // A row that comes into view with the focus is dressed for it at once, not first as without it.
+    WidgetListItem *item = m_table->listItem(row);
+    if (item && item->m_refreshedUnseen && item->isEnabled() && !m_table->isHidden() && isActiveWindow())
+        item->dress(true);
     m_table->selectRow(row);
     m_table->reveal(row);
+
     // Where no row is to be seen that could take the keys, the list does.
-    WidgetListItem *item = m_table->listItem(row);
+    item = m_table->listItem(row);
     if (!item || m_table->isHidden() || (item->isHidden() && !holdsFocus(this)))
         setFocus(Qt::OtherFocusReason);
     if (item && !m_table->isHidden())
