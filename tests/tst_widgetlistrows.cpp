@@ -144,6 +144,7 @@ private slots:
     void listMovedToAnotherParentLooksAsIfItWereBuiltThere();
     void rowHiddenInTheTableComesBackOutOfView();
     void rowHiddenInTheTableComesBackInTheHeightOfItsRow();
+    void rowsOutOfViewAreLaidOutForTheHeightOfTheirRow();
     void rowThatComesIntoViewWithTheFocusIsDressedForItAtOnce();
     void rowThatComesIntoViewLooksFocusedOnlyWithTheFocus_data();
     void rowThatComesIntoViewLooksFocusedOnlyWithTheFocus();
@@ -1026,6 +1027,24 @@ void TestWidgetListRows::rowHiddenInTheTableComesBackInTheHeightOfItsRow()
     runEventLoop();
     QCOMPARE(menu.item(1)->height(), 30);
     QCOMPARE(RowParts(*menu.item(1)).nextArrow->y(), 10);
+}
+
+void TestWidgetListRows::rowsOutOfViewAreLaidOutForTheHeightOfTheirRow()
+{
+    Menu menu(12);
+    menu.show();
+    for (int row : {3, 6, 11, 0})
+        menu.list->setFocusAtItem(row);
+    menu.list->hide();
+    menu.list->setRowHeight(69);
+    runEventLoop();
+    menu.list->show();
+    runEventLoop();
+    for (int row = 0; row < 12; ++row) {
+        QCOMPARE(menu.item(row)->height(), 69);
+        QCOMPARE(RowParts(*menu.item(row)).nextArrow->y(), 29);
+        QCOMPARE(menu.item(row)->visibleRegion().isEmpty(), row > 1);
+    }
 }
 
 void TestWidgetListRows::rowThatComesIntoViewWithTheFocusIsDressedForItAtOnce()

@@ -135,6 +135,19 @@ void RowTable::reveal(int row)
     showWithParent(item);
 }
 
+bool RowTable::isInView(int row) const
+{
+    return m_inView.contains(cellWidget(row, 0));
+}
+
+void RowTable::takeRowSize(int row)
+{
+    WidgetListItem *item = listItem(row);
+    item->resize(columnWidth(0), rowHeight(row));
+    if (!isInView(row))
+        park(item);
+}
+
 void RowTable::park(QWidget *widget)
 {
     // Out of sight wherever the table is scrolled to.

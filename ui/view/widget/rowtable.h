@@ -36,6 +36,13 @@ public:
     /// only to a widget that is not hidden itself, also while the table is.
     void reveal(int row);
 
+    /// Whether the item of \a row was in view at the last layout.
+    bool isInView(int row) const;
+
+    /// Gives the item of \a row, which must have one, the size of its row before the next layout does, or where that does
+    /// not because the row is out of view.
+    void takeRowSize(int row);
+
 protected:
     virtual void keyPressEvent(QKeyEvent *event);
     virtual void keyReleaseEvent(QKeyEvent *event);

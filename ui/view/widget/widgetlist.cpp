@@ -171,7 +171,7 @@ void WidgetList::showItem(int row)
     m_table->showRow(row);
     WidgetListItem *item = m_table->listItem(row);
     if (item && item->m_wasShown) {
-        takeRowSize(row);
+        m_table->takeRowSize(row);
         showWithParent(item);
     } else if (isVisible()) {
         refreshUnseen(row);
@@ -300,19 +300,16 @@ void WidgetList::hideEvent(QHideEvent *)
 
 void WidgetList::refreshUnseen(int row)
 {
-    // A row out of view is not shown with the list, but what it displays counts in backup() and isModified().
+    // A row out of view is not shown with the list, or in its old height, but what it displays counts in backup() and
+    // isModified().
     WidgetListItem *item = m_table->listItem(row);
-    if (!item || item->m_wasShown || m_table->isRowHidden(row))
+    if (!item || m_table->isRowHidden(row))
         return;
-    takeRowSize(row);
+    if (item->m_wasShown && (m_table->isInView(row) || item->height() == m_table->rowHeight(row)))
+        return;
+    m_table->takeRowSize(row);
     item->refresh();
-    item->m_refreshedUnseen = true;
-}
-
-void WidgetList::takeRowSize(int row)
-{
-    // Before the row lays itself out: the table gives it its size only after that.
-    m_table->listItem(row)->resize(m_table->columnWidth(0), m_table->rowHeight(row));
+    item->m_refreshedUnseen = !item->m_wasShown;
 }
 
 void WidgetList::keyPressEvent(QKeyEvent *event)

@@ -138,7 +138,6 @@ protected:
 
 private:
     void refreshUnseen(int row);
-    void takeRowSize(int row);
     void focusRow(int row);
     void moveTo(int row);
     void click();
