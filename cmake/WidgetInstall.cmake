@@ -2,6 +2,7 @@
 #   libwidget::widget                   the library
 #   libwidget::widget-desktop-platform  the platform for a PC, as component desktop-platform
 #   libwidget_add_default_pictures()    the pictures that the widgets need
+# and, for the toolkit itself, its plug-ins in WIDGET_PLUGIN_DIR.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -9,6 +10,10 @@ include(CMakePackageConfigHelpers)
 set(widget_header_dir ${CMAKE_INSTALL_INCLUDEDIR}/libwidget)
 set(widget_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/libwidget)
 set(widget_picture_dir ${CMAKE_INSTALL_DATADIR}/libwidget/pictures)
+
+# With the toolkit's own prefix, the toolkit finds them.
+widget_qt_plugin_dir(qt_plugin_dir)
+set(WIDGET_PLUGIN_DIR ${qt_plugin_dir} CACHE STRING "Where the toolkit's plug-ins are installed, relative to the prefix")
 
 function(widget_install)
     install(TARGETS widget widget-qt EXPORT libwidget-targets
@@ -54,4 +59,9 @@ function(widget_install_pictures qrc)
         list(APPEND pictures ${picture})
     endforeach()
     install(FILES ${qrc} ${pictures} DESTINATION ${widget_picture_dir})
+endfunction()
+
+# Installs the plug-in \a target of \a kind, unless only other targets were built.
+function(widget_install_plugin target kind)
+    install(TARGETS ${target} LIBRARY DESTINATION ${WIDGET_PLUGIN_DIR}/${kind} OPTIONAL)
 endfunction()
