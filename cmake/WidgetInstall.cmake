@@ -2,7 +2,7 @@
 #   libwidget::widget                   the library
 #   libwidget::widget-desktop-platform  the platform for a PC, as component desktop-platform
 #   libwidget_add_default_pictures()    the pictures that the widgets need
-# and, for the toolkit itself, its plug-ins in WIDGET_PLUGIN_DIR.
+#   libwidget_PLUGIN_DIR                where the plug-ins of the toolkit are
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -27,7 +27,7 @@ function(widget_install)
     configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-config.cmake.in
         ${PROJECT_BINARY_DIR}/libwidget-config.cmake
         INSTALL_DESTINATION ${widget_package_dir}
-        PATH_VARS widget_picture_dir)
+        PATH_VARS widget_picture_dir WIDGET_PLUGIN_DIR)
     write_basic_package_version_file(${PROJECT_BINARY_DIR}/libwidget-config-version.cmake
         COMPATIBILITY SameMajorVersion)
     install(FILES ${PROJECT_BINARY_DIR}/libwidget-config.cmake ${PROJECT_BINARY_DIR}/libwidget-config-version.cmake
