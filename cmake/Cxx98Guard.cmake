@@ -1,9 +1,10 @@
-# The target cxx98-guard: reads every source of the library as C++98, which the device's compiler speaks.
+# The target cxx98-guard: reads every source of what runs on the device as C++98, which the device's compiler speaks.
 # The toolkit's own headers are newer than that and are left out of it.
 
 find_program(WIDGET_CLANGXX NAMES clang++ clang++-14)
 
-function(widget_cxx98_guard)
+# Has cxx98-guard read the sources of \a part, which follow.
+function(widget_cxx98_guard part)
     if(NOT WIDGET_CLANGXX OR NOT WIDGET_QT EQUAL 5)
         return()
     endif()
@@ -17,5 +18,9 @@ function(widget_cxx98_guard)
     foreach(source IN LISTS ARGN)
         list(APPEND commands COMMAND ${WIDGET_CLANGXX} ${flags} ${CMAKE_CURRENT_SOURCE_DIR}/${source})
     endforeach()
-    add_custom_target(cxx98-guard ${commands} VERBATIM COMMENT "Reading the library as C++98")
+    add_custom_target(cxx98-guard-${part} ${commands} VERBATIM COMMENT "Reading the ${part} as C++98")
+    if(NOT TARGET cxx98-guard)
+        add_custom_target(cxx98-guard)
+    endif()
+    add_dependencies(cxx98-guard cxx98-guard-${part})
 endfunction()

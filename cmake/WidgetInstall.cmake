@@ -2,6 +2,7 @@
 #   libwidget::widget                   the library
 #   libwidget::widget-desktop-platform  the platform for a PC, as component desktop-platform
 #   libwidget_add_default_pictures()    the pictures that the widgets need
+#   libwidget_PLUGIN_DIR                where the plug-ins of the toolkit are
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -9,6 +10,10 @@ include(CMakePackageConfigHelpers)
 set(widget_header_dir ${CMAKE_INSTALL_INCLUDEDIR}/libwidget)
 set(widget_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/libwidget)
 set(widget_picture_dir ${CMAKE_INSTALL_DATADIR}/libwidget/pictures)
+
+# With the toolkit's own prefix, the toolkit finds them.
+widget_qt_plugin_dir(qt_plugin_dir)
+set(WIDGET_PLUGIN_DIR ${qt_plugin_dir} CACHE STRING "Where the toolkit's plug-ins are installed, relative to the prefix")
 
 function(widget_install)
     install(TARGETS widget widget-qt EXPORT libwidget-targets
@@ -22,7 +27,7 @@ function(widget_install)
     configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-config.cmake.in
         ${PROJECT_BINARY_DIR}/libwidget-config.cmake
         INSTALL_DESTINATION ${widget_package_dir}
-        PATH_VARS widget_picture_dir)
+        PATH_VARS widget_picture_dir WIDGET_PLUGIN_DIR)
     write_basic_package_version_file(${PROJECT_BINARY_DIR}/libwidget-config-version.cmake
         COMPATIBILITY SameMajorVersion)
     install(FILES ${PROJECT_BINARY_DIR}/libwidget-config.cmake ${PROJECT_BINARY_DIR}/libwidget-config-version.cmake
@@ -54,4 +59,9 @@ function(widget_install_pictures qrc)
         list(APPEND pictures ${picture})
     endforeach()
     install(FILES ${qrc} ${pictures} DESTINATION ${widget_picture_dir})
+endfunction()
+
+# Installs the plug-in \a target of \a kind, unless only other targets were built.
+function(widget_install_plugin target kind)
+    install(TARGETS ${target} LIBRARY DESTINATION ${WIDGET_PLUGIN_DIR}/${kind} OPTIONAL)
 endfunction()

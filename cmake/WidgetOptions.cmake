@@ -24,12 +24,13 @@ if(NOT WIDGET_QT MATCHES "^[456]$")
     message(FATAL_ERROR "WIDGET_QT is '${WIDGET_QT}', but must be 4, 5 or 6.")
 endif()
 
-# The device's toolkit gets the library alone; everything else runs on a PC and may use what is newer.
+# The device's toolkit gets the library and the plug-ins; everything else runs on a PC and may use what is newer.
 if(WIDGET_QT EQUAL 4)
     set(on_a_pc OFF)
 else()
     set(on_a_pc ON)
 endif()
+option(WIDGET_BUILD_PLUGINS "Build the plug-ins of the toolkit: the picture cache" ON)
 option(WIDGET_BUILD_DESKTOP "Build the platform for a PC" ${on_a_pc})
 option(WIDGET_BUILD_SIMULATOR "Build the simulator (needs the platform for a PC)" ${on_a_pc})
 option(WIDGET_BUILD_TESTS "Build the tests" ${on_a_pc})

@@ -18,3 +18,28 @@ else()
     endif()
 endif()
 message(STATUS "Building with Qt ${WIDGET_QT}")
+
+# Compiles \a target, which runs on the device, in the language that the toolkit asks for.
+function(widget_language_standard target)
+    set(standard_of_qt4 98)
+    set(standard_of_qt5 11)
+    set(standard_of_qt6 17)
+    set_target_properties(${target} PROPERTIES
+        CXX_STANDARD ${standard_of_qt${WIDGET_QT}}
+        CXX_EXTENSIONS OFF)
+endfunction()
+
+# Puts the directory where the toolkit looks for its plug-ins, relative to where the toolkit is installed, into \a result.
+function(widget_qt_plugin_dir result)
+    if(WIDGET_QT EQUAL 4)
+        set(qmake ${QT_QMAKE_EXECUTABLE})
+    else()
+        get_target_property(qmake Qt${WIDGET_QT}::qmake IMPORTED_LOCATION)
+    endif()
+    foreach(place PREFIX PLUGINS)
+        execute_process(COMMAND ${qmake} -query QT_INSTALL_${place}
+            OUTPUT_VARIABLE ${place} OUTPUT_STRIP_TRAILING_WHITESPACE)
+    endforeach()
+    file(RELATIVE_PATH directory "${PREFIX}" "${PLUGINS}")
+    set(${result} "${directory}" PARENT_SCOPE)
+endfunction()

@@ -111,6 +111,7 @@ int main(int argc, char *argv[])
     fixLook();
     QApplication application(argc, argv);
     toolkitHasStarted();
+    addPlugins();
     applyLook();
 
     DeviceWindow window(options.keyMode, options.zoom ? options.zoom : picturesOnly ? 1 : 2);

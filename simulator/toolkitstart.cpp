@@ -18,6 +18,7 @@
 namespace {
 
 const char WithoutDisplay[] = "offscreen";
+const char PluginDirectory[] = "/../plugins";  // as seen from the program's
 
 char **s_argv = nullptr;
 bool s_windows = false;
@@ -143,4 +144,9 @@ void toolkitHasStarted()
     qInstallMessageHandler(printMessage);
     for (const QString &message : std::as_const(s_toolkitSaid))
         std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+void addPlugins()
+{
+    QCoreApplication::addLibraryPath(QCoreApplication::applicationDirPath() + QLatin1String(PluginDirectory));
 }

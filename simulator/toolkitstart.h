@@ -14,4 +14,7 @@ void prepareToolkit(char *argv[], bool windows);
 /// To be called when the toolkit has started. Returns only if windows have somewhere to go.
 void toolkitHasStarted();
 
+/// Has the toolkit use the plug-ins that were built with the simulator, as the device does.
+void addPlugins();
+
 #endif

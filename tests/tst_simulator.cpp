@@ -103,6 +103,8 @@ private slots:
     void pictureNeedsNoDisplay_data();
     void pictureNeedsNoDisplay();
     void tourThatTakesTheWindowsPlaceMayFail();
+    void pluginsAreInUse();
+    void picturesAreTheSameWithoutPlugins();
 };
 
 void TestSimulator::helpSaysWhatWasTyped()
@@ -425,6 +427,35 @@ void TestSimulator::tourThatTakesTheWindowsPlaceMayFail()
     QCOMPARE(result.status, 1);
     for (const char *part : {"pictures", "Not a directory", "--tour DIR"})
         QVERIFY2(result.errors.contains(part), qPrintable(result.errors));
+}
+
+void TestSimulator::pluginsAreInUse()
+{
+    if (!HAS_PLUGINS)
+        QSKIP("There are no plug-ins in this build.");
+    Runner runner;
+    runner.environment.insert("QT_DEBUG_PLUGINS", "1");
+    const Result result = runner.simulate({"--picture", "a.png"});
+    QCOMPARE(result.status, 0);
+    const QStringList lines = result.errors.split('\n').filter("loaded library").filter("libwidgetpicturecache.so");
+    QVERIFY2(!lines.isEmpty(), qPrintable(result.errors));
+}
+
+void TestSimulator::picturesAreTheSameWithoutPlugins()
+{
+    const Runner runner;
+    // It finds its plug-ins from where it is itself.
+    const QString elsewhere = runner.path("elsewhere");
+    QVERIFY(QFile::copy(Simulator, elsewhere));
+    QCOMPARE(runner.run("sh", {"-c", "\"$1\" --tour with & \"$2\" --tour without && wait $!", "sh", Simulator, elsewhere})
+             .status, 0);
+    const QStringList names = runner.files("with");
+    QVERIFY(names.size() > 10);
+    QCOMPARE(runner.files("without"), names);
+    for (const QString &name : names) {
+        const QImage with(runner.path("with/" + name));
+        QVERIFY2(!with.isNull() && with == QImage(runner.path("without/" + name)), qPrintable(name));
+    }
 }
 
 QTEST_GUILESS_MAIN(TestSimulator)
