@@ -106,6 +106,8 @@ void setUpEnvironment()
     qputenv("QT_HASH_SEED", "0");
     qputenv("LC_ALL", "C.UTF-8");
     qunsetenv("QT_STYLE_OVERRIDE");
+    // The event loop of the toolkit alone, as on a device.
+    qputenv("QT_NO_GLIB", "1");
 }
 
 void setUpApplication()
