@@ -9,7 +9,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <QSaveFile>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -105,9 +104,9 @@ QJsonObject toJson(const std::vector<Measured> &table, const std::vector<double>
 
 bool writeJson(const QString &path, const QJsonObject &object)
 {
-    QSaveFile file(path);
+    QFile file(path);
     const QByteArray text = QJsonDocument(object).toJson();
-    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
+    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush())
         return true;
     std::fprintf(stderr, "bench: %s cannot be written: %s\n", qPrintable(path), qPrintable(file.errorString()));
     return false;

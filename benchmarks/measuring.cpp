@@ -1,6 +1,7 @@
 #include "measuring.h"
 
 #include <QCoreApplication>
+#include <QPixmapCache>
 
 #include <algorithm>
 #include <array>
@@ -11,7 +12,7 @@
 namespace {
 
 const int WarmUpRounds = 3;
-const int CountedRounds = 2;
+const int CountedRounds = 3;
 const int HeapRows = 200;
 const double HeapLimit = 12;
 const char UnitName[] = "unit";
@@ -19,7 +20,8 @@ const int UnitSteps = 1000;
 
 // Until every row, value and letter has been seen, and every cache of the toolkit is full.
 const int SoakLevelling = 4000;
-const double SoakGrowth = 4096;
+const double SoakGrowth = 64 * 1024;  // what the caches breathe
+const int SoakPictureCache = 256;     // kilobytes; that of a PC would take too long to fill
 
 const std::array<Make, 2> Makes = {Make::Library, Make::Plain};
 
@@ -83,30 +85,32 @@ Measured measureHeap()
             median(heaps[int(Make::Library)]), median(heaps[int(Make::Plain)]), 0, HeapLimit};
 }
 
-void countRounds(Stage &stage, const QByteArray &name)
+void countRounds(Stage &stage, int rounds, const QByteArray &name)
 {
-    for (int round = 0; round < WarmUpRounds; ++round) {
+    stage.prepare();
+    stage.run();
+    const QByteArray reason = name + ' ' + QByteArray::number(stage.steps);
+    for (int round = 0; round < rounds; ++round) {
         stage.prepare();
-        stage.run();
-    }
-    for (int round = 0; round < CountedRounds; ++round) {
-        stage.prepare();
+        CALLGRIND_START_INSTRUMENTATION;
         CALLGRIND_TOGGLE_COLLECT;
         stage.run();
         CALLGRIND_TOGGLE_COLLECT;
+        CALLGRIND_DUMP_STATS_AT(reason.constData());
     }
-    const QByteArray reason = name + ' ' + QByteArray::number(CountedRounds * stage.steps);
-    CALLGRIND_DUMP_STATS_AT(reason.constData());
+    CALLGRIND_STOP_INSTRUMENTATION;
 }
 
 // What work without a peer is compared with.
 void countUnit()
 {
     int length = 0;
+    CALLGRIND_START_INSTRUMENTATION;
     CALLGRIND_TOGGLE_COLLECT;
     for (int i = 0; i < UnitSteps; ++i)
         length += int(QString::number(i).size());
     CALLGRIND_TOGGLE_COLLECT;
+    CALLGRIND_STOP_INSTRUMENTATION;
     const QByteArray reason = QByteArray(UnitName) + " plain " + QByteArray::number(UnitSteps);
     CALLGRIND_DUMP_STATS_AT(reason.constData());
     Q_UNUSED(length);
@@ -134,7 +138,6 @@ bool countInstructions(const QString &name)
         return false;
     }
     bool found = false;
-    CALLGRIND_START_INSTRUMENTATION;
     for (bool growth : {false, true}) {
         for (const Work &work : growth ? growthWork() : tableWork()) {
             if (!name.isEmpty() && name != QLatin1String(work.name))
@@ -145,7 +148,8 @@ bool countInstructions(const QString &name)
                 if (growth && make == Make::Plain)
                     continue;
                 const std::unique_ptr<Stage> stage = work.newStage(make);
-                countRounds(*stage, QByteArray(work.name) + (make == Make::Library ? " library" : " plain"));
+                countRounds(*stage, work.share < 1 ? 1 : CountedRounds,
+                            QByteArray(work.name) + (make == Make::Library ? " library" : " plain"));
             }
         }
     }
@@ -158,8 +162,11 @@ bool countInstructions(const QString &name)
 bool soak(int keys)
 {
     std::vector<std::unique_ptr<Stage>> stages;
-    for (const Work &work : tableWork())
-        stages.push_back(work.newStage(Make::Library));
+    QPixmapCache::setCacheLimit(SoakPictureCache);
+    for (const Work &work : tableWork()) {
+        if (!QByteArray(work.name).startsWith("build"))
+            stages.push_back(work.newStage(Make::Library));
+    }
     int sent = 0;
     const auto goRound = [&stages, &sent](int until) {
         while (sent < until) {
@@ -167,8 +174,6 @@ bool soak(int keys)
                 stage->prepare();
                 stage->run();
                 sent += stage->paints ? stage->steps : 1;
-                // Where a screen was deleted, and the flashes of the keypad.
-                QCoreApplication::processEvents();
             }
         }
     };

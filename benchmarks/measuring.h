@@ -29,8 +29,8 @@ struct Measured
 /// stderr, if some work is not painted as it should be.
 std::vector<Measured> measureTable(int rounds);
 
-/// Does the work called \a name, or all work for an empty name, in a few rounds that callgrind counts: one dump for the
-/// library's and one for the plain make, with the name of the work, its make and its steps for a reason. Returns false,
+/// Does the work called \a name, or all work for an empty name, in a few rounds that callgrind counts: one dump for each
+/// round of either make, with the name of the work, its make and its steps for a reason. Returns false,
 /// with a line on stderr, if nothing counts or there is no such work.
 bool countInstructions(const QString &name);
 

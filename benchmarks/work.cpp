@@ -1,5 +1,7 @@
 #include "work.h"
 
+#include "widgetlist.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 
@@ -44,18 +46,24 @@ public:
     ListStage(Make make, int rows, int steps)
         : Stage(steps, true)
     {
-        show(newList(make, rows, &m_window));
-        seeAllRows(rows);
+        QWidget *list = newList(make, rows, &m_window);
+        show(list);
+        seeAllRows(qobject_cast<WidgetList *>(list), rows);
     }
 
+protected:
+    static constexpr int RowsInView = 3;
+
 private:
-    // The library lays a row out when it is first seen.
-    void seeAllRows(int rows)
+    // The library lays a row out when it is first seen. A view has no such memory.
+    void seeAllRows(WidgetList *list, int rows)
     {
-        for (int row = 0; row < rows; ++row) {
-            type(Qt::Key_8);
+        for (int row = RowsInView - 1; list && row < rows; row += RowsInView) {
+            list->setFocusAtItem(row);
             paint();
         }
+        if (list)
+            list->setFocusAtItem(0);
     }
 };
 
@@ -69,8 +77,6 @@ public:
     }
 
 private:
-    static constexpr int RowsInView = 3;
-
     void rewind() override
     {
         for (int i = 0; i < m_keys + RowsInView - 1; ++i)
