@@ -34,7 +34,7 @@ option(WIDGET_BUILD_PLUGINS "Build the plug-ins of the toolkit: the picture cach
 option(WIDGET_BUILD_DESKTOP "Build the platform for a PC" ${on_a_pc})
 option(WIDGET_BUILD_SIMULATOR "Build the simulator (needs the platform for a PC)" ${on_a_pc})
 option(WIDGET_BUILD_TESTS "Build the tests" ${on_a_pc})
-option(WIDGET_BUILD_BENCHMARKS "Build the benchmarks (needs the platform for a PC)" ${on_a_pc})
+option(WIDGET_BUILD_BENCHMARKS "Build the benchmarks" ${on_a_pc})
 
 if(WIDGET_QT EQUAL 4)
     foreach(part SIMULATOR TESTS BENCHMARKS)

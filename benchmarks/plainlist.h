@@ -1,0 +1,13 @@
+#ifndef BENCHMARKS_PLAINLIST_H
+#define BENCHMARKS_PLAINLIST_H
+
+#include <QWidget>
+
+/// The settings list in plain widgets: two labels, and a list view with a model and one delegate.
+class PlainList : public QWidget
+{
+public:
+    PlainList(int rows, QWidget *parent);
+};
+
+#endif
