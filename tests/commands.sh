@@ -406,13 +406,13 @@ test_alone_tells_what_fails()
 
 test_alone_leaves_nothing_running()
 {
-    local pid signal left
+    local pid signal left build
+    build=$(make_test_build)
     for signal in INT TERM; do
         # A shell has what it starts in the background ignore Ctrl-C.
-        WORDS_SLEEP=300 env --default-signal=INT setsid "$root/tests/alone.sh" "$(make_test_build)" \
-            > "$work/said" 2>&1 < /dev/null &
+        WORDS_SLEEP=300 env --default-signal=INT setsid "$root/tests/alone.sh" "$build" > "$work/$signal" 2>&1 < /dev/null &
         pid=$!
-        until grep -qs '] tst_words' "$work/said"; do sleep 0.1; done
+        until grep -qs '] tst_words' "$work/$signal"; do sleep 0.1; done
         [ "$(ps -o pid= --ppid "$pid" | wc -l)" -ge 9 ] || die "It does not load the machine."
         kill -s "$signal" "$pid"
         wait "$pid"
