@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # ./simulate and ./check under bad conditions: in trees that were moved or may only be read, without root, with words
-# that they do not know. They run in a small tree, in which the simulator is a copy of the shell. And tests/alone.sh, with
-# test programs that are scripts.
+# that they do not know. They run in a small tree, in which the simulator is a copy of the shell. And tests/alone.sh,
+# with a test program that is a script.
 #
 #   tests/commands.sh                 every test, each in a tree of its own
 #   tests/commands.sh --list          the names of the tests
@@ -410,7 +410,8 @@ test_alone_leaves_nothing_running()
     build=$(make_test_build)
     for signal in INT TERM; do
         # A shell has what it starts in the background ignore Ctrl-C.
-        WORDS_SLEEP=300 env --default-signal=INT setsid "$root/tests/alone.sh" "$build" > "$work/$signal" 2>&1 < /dev/null &
+        WORDS_SLEEP=300 env --default-signal=INT setsid "$root/tests/alone.sh" "$build" \
+            > "$work/$signal" 2>&1 < /dev/null &
         pid=$!
         until grep -qs '] tst_words' "$work/$signal"; do sleep 0.1; done
         [ "$(ps -o pid= --ppid "$pid" | wc -l)" -ge 9 ] || die "It does not load the machine."
