@@ -9,6 +9,7 @@
 
 #include "platform/soundmanager.h"
 
+#include <QHeaderView>
 #include <QPointer>
 #include <QTableWidget>
 #include <QTest>
@@ -36,6 +37,25 @@ inline QTableWidget *tableOf(const WidgetList &list)
 inline WidgetListItem *itemOf(const WidgetList &list, int row)
 {
     return qobject_cast<WidgetListItem *>(tableOf(list)->cellWidget(row, 0));
+}
+
+/// A table of the toolkit set up as the list's is, without rows in its cells.
+inline QTableWidget *newPlainTable(int rows, const QString &sheet, QWidget *parent)
+{
+    QTableWidget *table = new QTableWidget(rows, 1, parent);
+    table->setFocusPolicy(Qt::NoFocus);
+    table->setFrameShape(QFrame::NoFrame);
+    table->setShowGrid(false);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->horizontalHeader()->setVisible(false);
+    table->verticalHeader()->setVisible(false);
+    table->setGeometry(0, 38, 220, 138);
+    table->setColumnWidth(0, 220);
+    table->setAlternatingRowColors(true);
+    table->selectRow(0);
+    table->setStyleSheet(sheet);
+    return table;
 }
 
 inline void addRows(WidgetList &list, int count, int values = 2)

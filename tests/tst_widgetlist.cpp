@@ -61,20 +61,8 @@ void noteSignals(WidgetList *list)
 struct PlainTable
 {
     PlainTable(QWidget *parent, const QList<int> &heights)
-        : table(new QTableWidget(int(heights.size()), 1, parent))
+        : table(newPlainTable(int(heights.size()), s_tableSheet, parent))
     {
-        table->setFocusPolicy(Qt::NoFocus);
-        table->setFrameShape(QFrame::NoFrame);
-        table->setShowGrid(false);
-        table->setSelectionMode(QAbstractItemView::SingleSelection);
-        table->setSelectionBehavior(QAbstractItemView::SelectRows);
-        table->horizontalHeader()->setVisible(false);
-        table->verticalHeader()->setVisible(false);
-        table->setGeometry(0, 38, 220, 138);
-        table->setColumnWidth(0, 220);
-        table->setAlternatingRowColors(true);
-        table->selectRow(0);
-        table->setStyleSheet(s_tableSheet);
         for (int row = 0; row < heights.size(); ++row) {
             QWidget *widget = new QWidget;
             widget->resize(220, heights.at(row));

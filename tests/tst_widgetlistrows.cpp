@@ -4,7 +4,6 @@
 #include "rowparts.h"
 #include "waiting.h"
 
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QRandomGenerator>
 #include <QScrollBar>
@@ -49,21 +48,9 @@ QImage picture(QWidget *widget)
 struct PlainList
 {
     explicit PlainList(int rows)
-        : table(new QTableWidget(rows, 1, &screen))
+        : table(newPlainTable(rows, tableOf(WidgetList(0, nullptr, nullptr))->styleSheet(), &screen))
     {
         screen.resize(220, 176);
-        table->setFocusPolicy(Qt::NoFocus);
-        table->setFrameShape(QFrame::NoFrame);
-        table->setShowGrid(false);
-        table->setSelectionMode(QAbstractItemView::SingleSelection);
-        table->setSelectionBehavior(QAbstractItemView::SelectRows);
-        table->horizontalHeader()->setVisible(false);
-        table->verticalHeader()->setVisible(false);
-        table->setGeometry(0, 38, 220, 138);
-        table->setColumnWidth(0, 220);
-        table->setAlternatingRowColors(true);
-        table->selectRow(0);
-        table->setStyleSheet(tableOf(WidgetList(0, nullptr, nullptr))->styleSheet());
         for (int row = 0; row < rows; ++row) {
             WidgetListItem *item = newRow(QString("row %1").arg(row));
             table->setRowHeight(row, item->height());
