@@ -522,7 +522,7 @@ void TestWidgetClock::dressesAndShowsItsPartsInOrder()
                 : event->type() == QEvent::ShowToParent             ? "show "
                 : event->type() == QEvent::HideToParent             ? "hide "
                                                                     : nullptr;
-            const int label = screen->labels.indexOf(static_cast<QLabel *>(watched));
+            const int label = screen->labels.indexOf(qobject_cast<QLabel *>(watched));
             if (what)
                 steps << QLatin1String(what) + (label < 0 ? QString("clock") : QString::number(label));
             return false;
