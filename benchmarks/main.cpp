@@ -20,7 +20,7 @@ namespace {
 
 const char Usage[] =
     "Usage: bench [--rounds N] [--json FILE] [--plugins DIRECTORY]\n"
-    "       bench --soak KEYS\n"
+    "       bench --soak KEYS [--plugins DIRECTORY]\n"
     "       bench --count [WORK]\n"
     "\n"
     "Measures the library and plain widgets that paint the same pictures, in turns, and prints the medians in\n"
@@ -30,7 +30,9 @@ const char Usage[] =
     "  --rounds N           measure N rounds of each, 60 at first\n"
     "  --json FILE          write the table to FILE as well\n"
     "  --plugins DIRECTORY  have the toolkit load plug-ins from DIRECTORY; no second run\n"
-    "  --soak KEYS          send KEYS keys to the library's screens; fails if the heap goes on growing\n"
+    "  --soak KEYS          send KEYS keys to the library's screens; fails if the heap goes on growing. Without the\n"
+    "                       plug-in it seems to: the toolkit notes each picture that it reads, and looks through these\n"
+    "                       notes every half minute only\n"
     "  --count [WORK]       under callgrind, count the instructions of all work or of one; costs.sh does that\n";
 
 struct Options

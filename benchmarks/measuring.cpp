@@ -1,7 +1,6 @@
 #include "measuring.h"
 
 #include <QCoreApplication>
-#include <QPixmapCache>
 
 #include <algorithm>
 #include <array>
@@ -30,7 +29,6 @@ const int UnitSteps = 1000;
 // Until every row, value and letter has been seen, and every cache of the toolkit is full.
 const int SoakLevelling = 4000;
 const double SoakGrowth = 64 * 1024;  // what the caches breathe
-const int SoakPictureCache = 256;     // kilobytes; that of a PC would take too long to fill
 
 const std::array<Make, 2> Makes = {Make::Library, Make::Plain};
 
@@ -171,7 +169,6 @@ bool countInstructions(const QString &name)
 bool soak(int keys)
 {
     std::vector<std::unique_ptr<Stage>> stages;
-    QPixmapCache::setCacheLimit(SoakPictureCache);
     for (const Work &work : tableWork()) {
         if (!QByteArray(work.name).startsWith("build"))
             stages.push_back(work.newStage(Make::Library));
