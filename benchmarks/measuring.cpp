@@ -28,7 +28,7 @@ const int UnitSteps = 1000;
 
 // Until every row, value and letter has been seen, and every cache of the toolkit is full.
 const int SoakLevelling = 4000;
-const double SoakGrowth = 64 * 1024;  // what the caches breathe
+const double SoakGrowth = 256 * 1024;  // what the caches breathe
 
 const std::array<Make, 2> Makes = {Make::Library, Make::Plain};
 
