@@ -32,6 +32,8 @@ void runPasses(UpdateThread &thread, int passes, std::function<void(int)> pause 
 /// Has the process remember this time as the last one that a clock has reported.
 inline void rememberTime(int hour, int minute, int second)
 {
+    // What an earlier test has hooked in may be gone.
+    RecordingPlatform::reset();
     RecordingPlatform::setLocalTime(2024, 3, 7, hour, minute, second);
     ClockUpdateThread thread;
     thread.timeFormat(true);
