@@ -1,7 +1,8 @@
 #include "widgetlist.h"
 
 #include "platform/logging.h"
-#include "platform/soundmanager.h"
+#include "listkeys.h"
+#include "listlook.h"
 #include "rowtable.h"
 #include "widgetdetails.h"
 #include "widgetlistitem.h"
@@ -12,22 +13,6 @@
 namespace {
 
 const char SourcePath[] = "ui/view/widget/widgetlist.cpp";
-
-const char TableSheet[] =
-    "QTableWidget {background-color: #F8F7F6;alternate-background-color: #F8F7F6;color: #594B4F;}"
-    "QTableWidget::item:selected {background-color: #F7CE86;color: #1F1618;border: 0px;}"
-    "QTableWidget::item:focus {background-color: #F7CE86;color: #1F1618;}";
-const char NoFocusTableSheet[] =
-    "QTableWidget {selection-background-color: transparent;alternate-background-color: #F8F7F6;}";
-const char ScrollBarSheet[] =
-    "QScrollBar:vertical {background: #594b4f;width: 4px;margin: 0 0 0 0;}"
-    "QScrollBar::handle:vertical {background: #343232;min-height: 5px;}"
-    "QScrollBar:add-line:vertical {width: 0px;height: 0px;}"
-    "QScrollBar:sub-line:vertical {width: 0px;height: 0px;}"
-    "QScrollBar:add-page:vertical {background: #a8a1a2;}"
-    "QScrollBar:sub-page:vertical {background: #a8a1a2;}";
-
-const QRect TableRect(0, 38, 220, 138);
 
 }
 
@@ -55,11 +40,11 @@ WidgetList::WidgetList(int rowCount, QWidget *parent, SoundManager *soundManager
     m_table->setShowGrid(false);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setGeometry(TableRect);
-    m_table->setColumnWidth(0, TableRect.width());
+    m_table->setGeometry(RowsRect);
+    m_table->setColumnWidth(0, RowsRect.width());
     m_table->setAlternatingRowColors(true);
     m_table->selectRow(0);
-    applyStyleSheet(m_table, QLatin1String(TableSheet) + QLatin1String(ScrollBarSheet));
+    applyStyleSheet(m_table, tableSheet());
 }
 
 void WidgetList::setRowCount(int n)
@@ -92,8 +77,7 @@ void WidgetList::setTitle(QString text, bool defaultFont)
 
 void WidgetList::setDefaultFont()
 {
-    m_menuTitle->setFontStyle(WidgetMenuTitle::ItemTitle, 14, false,
-                              QLatin1String("color: rgba(255,255,255,255);"));
+    setDefaultTitleFont(m_menuTitle);
 }
 
 void WidgetList::setTitleIcon(QString style)
@@ -103,14 +87,13 @@ void WidgetList::setTitleIcon(QString style)
 
 void WidgetList::addGuide(QString style, QRect rect)
 {
-    m_menuTitle->setItemGeometry(WidgetMenuTitle::ItemInfo, rect.x(), rect.y(), rect.width(), rect.height());
-    m_menuTitle->setItemStyle(WidgetMenuTitle::ItemInfo, style);
+    addTitleGuide(m_menuTitle, style, rect);
 }
 
 void WidgetList::setNoFocusStyle(int rowsPerPage)
 {
     m_noFocusRows = qMax(rowsPerPage, 0);
-    applyStyleSheet(m_table, QLatin1String(NoFocusTableSheet) + QLatin1String(ScrollBarSheet));
+    applyStyleSheet(m_table, noFocusTableSheet());
     m_table->setSelectionMode(QAbstractItemView::NoSelection);
     if (m_noFocusRows != 0)
         m_noFocus = true;
@@ -216,45 +199,16 @@ void WidgetList::setFocusAtItem(int row)
 
 int WidgetList::findPrevRow(int row)
 {
-    if (m_noFocusRows == 0) {
-        int candidate = row;
-        for (int step = 0; step < m_itemCount; ++step) {
-            --candidate;
-            if (candidate < 0 || candidate >= m_itemCount)
-                candidate = m_itemCount - 1;
-            if (!m_table->isRowHidden(candidate))
-                return candidate;
-        }
-        return row;
-    }
-
-    // The selected row is the one that is scrolled to: the first of its page on the way up, the last on the way down.
-    const qint64 page = m_noFocusRows;
-    const qint64 target = row - (m_pageUpContinued ? page : 2 * page - 1);
-    m_pageDownContinued = false;
-    m_pageUpContinued = target >= 0;
-    return m_pageUpContinued ? int(target) : 0;
+    if (m_noFocusRows == 0)
+        return rowBeside(m_table, row, -1, m_itemCount);
+    return rowOfPageBeside(row, -1, m_noFocusRows, m_itemCount, &m_pageUpContinued, &m_pageDownContinued);
 }
 
 int WidgetList::findNextRow(int row)
 {
-    if (m_noFocusRows == 0) {
-        int candidate = row;
-        for (int step = 0; step < m_itemCount; ++step) {
-            ++candidate;
-            if (candidate < 0 || candidate >= m_itemCount)
-                candidate = 0;
-            if (!m_table->isRowHidden(candidate))
-                return candidate;
-        }
-        return row;
-    }
-
-    const qint64 page = m_noFocusRows;
-    const qint64 target = row + (m_pageDownContinued ? page : 2 * page - 1);
-    m_pageUpContinued = false;
-    m_pageDownContinued = target < m_itemCount;
-    return m_pageDownContinued ? int(target) : m_itemCount - 1;
+    if (m_noFocusRows == 0)
+        return rowBeside(m_table, row, +1, m_itemCount);
+    return rowOfPageBeside(row, +1, m_noFocusRows, m_itemCount, &m_pageDownContinued, &m_pageUpContinued);
 }
 
 void WidgetList::setInitialFocus()
@@ -318,33 +272,17 @@ void WidgetList::keyPressEvent(QKeyEvent *event)
     const int key = event->key();
     if (isUpKey(key)) {
         event->accept();
-        if (holdsLongEnough(event, m_upLongPressed, m_upRepeatCount)) {
+        if (holdsLongEnough(event, &m_upLongPressed, &m_upRepeatCount, m_longPressRepeats)) {
             emit upKeyLongPressed();
             Logging::log(Logging::LogTrace, "[%s, %d] upKeyLongPressed", "keyPressEvent", 276);
         }
     } else if (isDownKey(key)) {
         event->accept();
-        if (holdsLongEnough(event, m_downLongPressed, m_downRepeatCount)) {
+        if (holdsLongEnough(event, &m_downLongPressed, &m_downRepeatCount, m_longPressRepeats)) {
             emit downKeyLongPressed();
             Logging::log(Logging::LogTrace, "[%s, %d] downKeyLongPressed", "keyPressEvent", 295);
         }
     }
-}
-
-bool WidgetList::holdsLongEnough(QKeyEvent *event, bool &longPressed, int &repeatCount)
-{
-    // A fresh press leaves the count alone: repeats of several short presses add up.
-    if (!event->isAutoRepeat()) {
-        longPressed = false;
-        return false;
-    }
-    if (longPressed || ++repeatCount <= m_longPressRepeats)
-        return false;
-    longPressed = true;
-    repeatCount = 0;
-    // Long presses click also in a list that was given no sound service.
-    SoundManager::getInstance()->sndPlay(ClickSound);
-    return true;
 }
 
 void WidgetList::keyReleaseEvent(QKeyEvent *event)

@@ -144,7 +144,6 @@ private:
     void removeItem(int row);
     void forgetShortcuts(WidgetListItem *item);
 
-    bool holdsLongEnough(QKeyEvent *event, bool &longPressed, int &repeatCount);
     void handleUpRelease(QKeyEvent *event);
     void handleDownRelease(QKeyEvent *event);
     void handleDigitRelease(QKeyEvent *event);

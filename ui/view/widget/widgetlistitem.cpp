@@ -1,6 +1,8 @@
 #include "widgetlistitem.h"
 
 #include "platform/logging.h"
+#include "listkeys.h"
+#include "listlook.h"
 #include "rowtable.h"
 #include "widgetdetails.h"
 #include "widgetmarqueelable.h"
@@ -13,69 +15,9 @@ namespace {
 
 const char SourcePath[] = "ui/view/widget/widgetlistitem.cpp";
 
-// Made once for all rows: a label shares the text of its sheet.
-struct Sheets
-{
-    Sheets()
-        : focusedText(QLatin1String("color: #1F1618")),
-          unfocusedTitle(QLatin1String("color: #594B4F")),
-          unfocusedBadge(QLatin1String("color: #FFFFFF; background-image: url(:/resource/images_l2/number_bg.png)")),
-          focusedBadge(QLatin1String("color: #FFFFFF; background-image: url(:/resource/images_l2/number_b_bg.png)")),
-          unfocusedPrevArrow(QLatin1String("image: url(:/resource/images_l2/arrow_prev_nor.png)")),
-          focusedPrevArrow(QLatin1String("image: url(:/resource/images_l2/arrow_prev_focus.png)")),
-          unfocusedNextArrow(QLatin1String("image: url(:/resource/images_l2/arrow_next_nor.png)")),
-          focusedNextArrow(QLatin1String("image: url(:/resource/images_l2/arrow_next_focus.png)"))
-    {
-    }
-
-    const QString focusedText;
-    const QString unfocusedTitle;
-    const QString unfocusedBadge;
-    const QString focusedBadge;
-    const QString unfocusedPrevArrow;
-    const QString focusedPrevArrow;
-    const QString unfocusedNextArrow;
-    const QString focusedNextArrow;
-};
-
-const Sheets &sheets()
-{
-    static const Sheets instance;
-    return instance;
-}
-
-const char MarqueeGap[] = "   ";
-const int MarqueeInterval = 200;
-
-// Pixels.
-const int UpperLineTop = 2;
-const int LowerLineTop = 23;
-const int LineHeight = 21;
-const int TitleOnlyHeight = 46;
-const int TextLeft = 9;
-const int TextLeftOfBadge = 21;
-const int TitleRight = 184;
-const int ValueRight = 214;
-const int ValueRightOfArrows = 172;
-const int OneLineBottom = 45;
-const int OneLineTitleLeft = 4;
-const int OneLineTitleWidth = 96;
-const int OneLineValueRight = 211;
-const int PrevArrowLeft = 185;
-const int NextArrowLeft = 201;
-const QSize ArrowSize(6, 10);
-const QRect BadgeRect(0, 0, 16, 16);
-
 void warnOfMix(const char *function, int line)
 {
     Logging::log(Logging::LogError, "[%s, %d] Don't mix up!!!!!!!!", function, line);
-}
-
-QFont defaultValueFont()
-{
-    QFont font = defaultFont(14, false);
-    font.setWeight(QFont::Normal);
-    return font;
 }
 
 void placeOnLine(QWidget *widget, int top)
@@ -143,13 +85,13 @@ WidgetListItem::WidgetListItem(QWidget *parent, SoundManager *soundManager)
     m_titleLabel = new RowPart<WidgetMarqueeLable>(this);
     m_titleLabel->setTextFormat(Qt::PlainText);
     m_titleLabel->setFont(defaultFont(12, true));
-    m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_titleLabel->setAlignment(TitleAlignment);
     m_titleStack = new RowPart<QStackedWidget>(this);
     m_serialNumLabel = new RowPart<QLabel>(this);
-    m_serialNumLabel->setFont(defaultFont(11, true));
+    m_serialNumLabel->setFont(RowLook::badgeFont());
     m_valueLabel = new RowPart<QLabel>(this);
     m_valueLabel->setTextFormat(Qt::PlainText);
-    m_valueLabel->setFont(defaultValueFont());
+    m_valueLabel->setFont(RowLook::valueFont());
     m_valueStack = new RowPart<QStackedWidget>(this);
     m_prevArrow = new RowPart<QLabel>(this);
     m_nextArrow = new RowPart<QLabel>(this);
@@ -264,9 +206,9 @@ void WidgetListItem::setDisplayValue(int index, QString value, bool clearAfterRe
     m_valueType = ValueDisplay;
 
     placeOnLine(m_titleLabel, UpperLineTop);
-    m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    m_titleLabel->setAlignment(TitleAlignmentAboveSetValue);
     placeOnLine(m_valueLabel, LowerLineTop);
-    m_valueLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_valueLabel->setAlignment(ValueAlignment);
     showWithParent(m_valueLabel);
     updateValue();
     setDefaultFont();
@@ -361,14 +303,17 @@ bool WidgetListItem::hasValue() const
     return m_valueType != ValueNone;
 }
 
-bool WidgetListItem::hasBadge() const
+RowLook WidgetListItem::look() const
 {
-    return m_showSerialNum && !m_noShortcut;
-}
-
-bool WidgetListItem::hasSeveralValues() const
-{
-    return m_values.size() >= 2 || m_valueStack->count() >= 2;
+    RowLook look;
+    look.hasBadge = m_showSerialNum && !m_noShortcut;
+    look.hasValue = hasValue();
+    look.hasSeveralValues = m_values.size() >= 2 || m_valueStack->count() >= 2;
+    look.valueOnRightSide = m_valueOnRightSide;
+    look.moreDepth = m_moreDepth;
+    look.deletable = m_deletable;
+    look.modifiable = m_modifiable;
+    return look;
 }
 
 QString WidgetListItem::currentText() const
@@ -413,21 +358,21 @@ void WidgetListItem::refresh()
 
 void WidgetListItem::layOutTitle()
 {
-    QRect labelRect = m_titleType == TitleText ? titleRect() : m_titleLabel->geometry();
+    QRect labelRect = m_titleType == TitleText ? look().titleRect() : m_titleLabel->geometry();
     if (m_titleType == TitleText)
-        applyStyleSheet(m_titleLabel, sheets().unfocusedTitle);
+        applyStyleSheet(m_titleLabel, rowDress(false).titleSheet);
     else if (m_titleType == TitleWidget)
-        m_titleStack->setGeometry(titleRect());
+        m_titleStack->setGeometry(look().titleRect());
 
     // It is the label that takes the room of the arrows, also where it is not the label that shows the title.
-    labelRect.setRight(labelRect.right() + ArrowSize.width() * (2 - updateArrows()));
+    labelRect = RowLook::titleRectBesideArrows(labelRect, updateArrows());
 
     if (m_valueOnRightSide) {
-        const int width = qMin(m_fittedTitle->textWidth(m_title, m_titleFont), OneLineTitleWidth);
-        labelRect = QRect(QPoint(OneLineTitleLeft, 0), QPoint(width + OneLineTitleLeft - 1, OneLineBottom));
-        m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-        m_valueLabel->setGeometry(QRect(QPoint(width + 6, 0), QPoint(OneLineValueRight, OneLineBottom)));
-        m_valueLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        const int width = m_fittedTitle->textWidth(m_title, m_titleFont);
+        labelRect = RowLook::titleRectOnSharedLine(width);
+        m_titleLabel->setAlignment(TitleAlignment);
+        m_valueLabel->setGeometry(RowLook::valueRectOnSharedLine(width));
+        m_valueLabel->setAlignment(ValueAlignmentOnSharedLine);
     }
     m_titleLabel->setGeometry(labelRect);
 }
@@ -445,9 +390,8 @@ void WidgetListItem::showTitleOfKind()
 
 void WidgetListItem::layOutValue()
 {
-    const int bottom = hasValue() ? LowerLineTop + LineHeight - 1 : LowerLineTop - 1;
     if (m_valueType == ValueWidget) {
-        m_valueStack->setGeometry(QRect(QPoint(TextLeft, LowerLineTop), QPoint(ValueRightOfArrows, bottom)));
+        m_valueStack->setGeometry(look().valueRect(true));
         showWithParent(m_valueStack);
         m_valueLabel->hide();
         return;
@@ -455,12 +399,11 @@ void WidgetListItem::layOutValue()
 
     // On one line layOutTitle() places the label instead, beside the title.
     if (!m_valueOnRightSide) {
-        const int right = m_moreDepth || m_valueStack->count() > 1 ? ValueRightOfArrows : ValueRight;
-        m_valueLabel->setGeometry(QRect(QPoint(TextLeft, LowerLineTop), QPoint(right, bottom)));
-        m_valueLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        m_valueLabel->setGeometry(look().valueRect(m_moreDepth || m_valueStack->count() > 1));
+        m_valueLabel->setAlignment(ValueAlignment);
     }
     if (m_values.isEmpty()) {
-        m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        m_titleLabel->setAlignment(TitleAlignment);
         m_valueLabel->hide();
     } else {
         if (!m_valueOnRightSide)
@@ -472,30 +415,22 @@ void WidgetListItem::layOutValue()
 
 void WidgetListItem::layOutBadge()
 {
-    if (!hasBadge()) {
+    if (!look().hasBadge) {
         m_serialNumLabel->hide();
         return;
     }
-    applyStyleSheet(m_serialNumLabel, sheets().unfocusedBadge);
+    applyStyleSheet(m_serialNumLabel, rowDress(false).badgeSheet);
     m_serialNumLabel->setText(m_serialNum);
-    m_serialNumLabel->setGeometry(BadgeRect);
-    m_serialNumLabel->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    m_serialNumLabel->setGeometry(RowLook::badgeRect());
+    m_serialNumLabel->setAlignment(BadgeAlignment);
     showWithParent(m_serialNumLabel);
-}
-
-QRect WidgetListItem::titleRect() const
-{
-    const int left = hasBadge() ? TextLeftOfBadge : TextLeft;
-    const int top = hasValue() ? UpperLineTop : 0;
-    const int height = hasValue() ? LineHeight : TitleOnlyHeight;
-    return QRect(QPoint(left, top), QPoint(TitleRight, top + height - 1));
 }
 
 void WidgetListItem::updateTitle()
 {
     m_titleLabel->setText(m_fittedTitle->fit(m_title, m_titleFont, m_titleLabel->width()));
     // A title that was replaced while it scrolled must not come back at the next step.
-    if (m_marqueeTimer != 0 && m_titleLabel->m_marqueeText != marqueeText()) {
+    if (m_marqueeTimer != 0 && m_titleLabel->m_marqueeText != marqueeText(m_title)) {
         stopMarquee();
         if (titleIsCut())
             startMarquee();
@@ -509,18 +444,17 @@ void WidgetListItem::updateValue()
 
 int WidgetListItem::updateArrows()
 {
-    const bool goesBack = hasSeveralValues() || m_deletable;
-    const bool goesOn = hasSeveralValues() || m_moreDepth;
+    const RowLook row = look();
     // Counts what is decided here: a row that is not shown itself has no visible arrows.
-    return int(placeArrow(m_prevArrow, goesBack, sheets().unfocusedPrevArrow, PrevArrowLeft))
-        + int(placeArrow(m_nextArrow, goesOn, sheets().unfocusedNextArrow, NextArrowLeft));
+    return int(placeArrow(m_prevArrow, row.hasPrevArrow(), rowDress(false).prevArrowSheet, RowLook::prevArrowRect(height())))
+        + int(placeArrow(m_nextArrow, row.hasNextArrow(), rowDress(false).nextArrowSheet, RowLook::nextArrowRect(height())));
 }
 
-bool WidgetListItem::placeArrow(QLabel *arrow, bool wanted, const QString &sheet, int x)
+bool WidgetListItem::placeArrow(QLabel *arrow, bool wanted, const QString &sheet, const QRect &rect)
 {
     if (wanted) {
         applyStyleSheet(arrow, sheet);
-        arrow->setGeometry(QRect(QPoint(x, height() / 2 - ArrowSize.height() / 2), ArrowSize));
+        arrow->setGeometry(rect);
     }
     const bool shown = wanted && m_modifiable;
     if (shown)
@@ -532,11 +466,10 @@ bool WidgetListItem::placeArrow(QLabel *arrow, bool wanted, const QString &sheet
 
 void WidgetListItem::setDefaultFont()
 {
-    const bool valueBelow = hasValue() && !m_valueOnRightSide;
-    m_titleFont = defaultFont(valueBelow ? 12 : 15, true);
+    m_titleFont = look().titleFont();
     applyFont(m_titleLabel, m_titleFont);
-    applyFont(m_serialNumLabel, defaultFont(11, true));
-    m_valueFont = defaultValueFont();
+    applyFont(m_serialNumLabel, RowLook::badgeFont());
+    m_valueFont = RowLook::valueFont();
     applyFont(m_valueLabel, m_valueFont);
 }
 
@@ -608,21 +541,20 @@ void WidgetListItem::dressUnfocused()
 
 void WidgetListItem::dress(bool focused)
 {
-    const QString &title = focused ? sheets().focusedText : sheets().unfocusedTitle;
+    const RowDress &dress = rowDress(focused);
     if (m_titleType == TitleText)
-        applyStyleSheet(m_titleLabel, title);
+        applyStyleSheet(m_titleLabel, dress.titleSheet);
     else if (m_titleType == TitleWidget)
-        applyStyleSheet(m_titleStack, title);
+        applyStyleSheet(m_titleStack, dress.titleSheet);
 
-    // Only the title pales: values keep the dark colour with and without the focus.
     if (m_valueType == ValueWidget)
-        applyStyleSheet(m_valueStack, sheets().focusedText);
+        applyStyleSheet(m_valueStack, dress.valueSheet);
     else if (hasValue())
-        applyStyleSheet(m_valueLabel, sheets().focusedText);
+        applyStyleSheet(m_valueLabel, dress.valueSheet);
 
-    applyStyleSheet(m_serialNumLabel, focused ? sheets().focusedBadge : sheets().unfocusedBadge);
-    applyStyleSheet(m_prevArrow, focused ? sheets().focusedPrevArrow : sheets().unfocusedPrevArrow);
-    applyStyleSheet(m_nextArrow, focused ? sheets().focusedNextArrow : sheets().unfocusedNextArrow);
+    applyStyleSheet(m_serialNumLabel, dress.badgeSheet);
+    applyStyleSheet(m_prevArrow, dress.prevArrowSheet);
+    applyStyleSheet(m_nextArrow, dress.nextArrowSheet);
 }
 
 bool WidgetListItem::titleIsCut()
@@ -630,16 +562,11 @@ bool WidgetListItem::titleIsCut()
     return !m_fittedTitle->fits(m_title, m_titleFont, m_titleLabel->width());
 }
 
-QString WidgetListItem::marqueeText() const
-{
-    return m_title + QLatin1String(MarqueeGap);
-}
-
 void WidgetListItem::startMarquee()
 {
     stopMarquee();
     m_marqueeTimer = m_titleLabel->startTimer(MarqueeInterval);
-    m_titleLabel->m_marqueeText = marqueeText();
+    m_titleLabel->m_marqueeText = marqueeText(m_title);
     m_titleLabel->m_timerId = m_marqueeTimer;
     m_titleLabel->m_offset = 0;
 }
@@ -730,11 +657,7 @@ bool WidgetListItem::stepThroughValues(int direction)
     if (count < 2)
         return false;
 
-    m_displayIndex += direction;
-    if (direction < 0 && m_displayIndex < 0)
-        m_displayIndex = count - 1;
-    else if (direction > 0 && m_displayIndex >= count)
-        m_displayIndex = 0;
+    m_displayIndex = valueBeside(m_displayIndex, direction, count);
     showCurrentValue();
     reportChange();
     return true;

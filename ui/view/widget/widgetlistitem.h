@@ -14,6 +14,7 @@ class QShowEvent;
 class QStackedWidget;
 class RowTable;
 class WidgetMarqueeLable;
+struct RowLook;
 
 /// One row of a settings list: a title, and a value that the user changes with the left and right keys; or a row that
 /// leads deeper.
@@ -206,8 +207,7 @@ private:
 
     void setTitleType(TitleType type);
     bool hasValue() const;
-    bool hasBadge() const;
-    bool hasSeveralValues() const;
+    RowLook look() const;
     QString currentText() const;
     void showCurrentValue();
 
@@ -215,15 +215,13 @@ private:
     void layOutValue();
     void layOutBadge();
     void layOutTitle();
-    QRect titleRect() const;
-    bool placeArrow(QLabel *arrow, bool wanted, const QString &sheet, int x);
+    bool placeArrow(QLabel *arrow, bool wanted, const QString &sheet, const QRect &rect);
 
     void dressParts();
     void dressFocused();
     void dressUnfocused();
     void dress(bool focused);
     bool titleIsCut();
-    QString marqueeText() const;
     void startMarquee();
     bool stopMarquee();
 
