@@ -79,6 +79,11 @@ bool RowLook::hasNextArrow() const
     return hasSeveralValues || moreDepth;
 }
 
+int RowLook::seenArrows() const
+{
+    return modifiable ? int(hasPrevArrow()) + int(hasNextArrow()) : 0;
+}
+
 QFont RowLook::titleFont() const
 {
     return defaultFont(hasValue && !valueOnRightSide ? 12 : 15, true);

@@ -25,9 +25,10 @@ struct RowLook
     bool deletable;
     bool modifiable;
 
-    /// Which arrows the row has. They are seen only where it is modifiable.
+    /// Which arrows the row has, and how many are seen: none where it is not modifiable.
     bool hasPrevArrow() const;
     bool hasNextArrow() const;
+    int seenArrows() const;
 
     QFont titleFont() const;
     static QFont badgeFont();

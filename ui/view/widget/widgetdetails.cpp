@@ -106,6 +106,11 @@ QString FittedText::fit(const QString &text, const QFont &font, int width)
     return m_cutText;
 }
 
+QString turnedText(const QString &text, int offset)
+{
+    return text.mid(offset) + text.left(offset);
+}
+
 void applyStyleSheet(QWidget *widget, const QString &sheet)
 {
     if (widget->styleSheet() == sheet)

@@ -51,6 +51,9 @@ private:
     int m_cutWidth;  // what m_cutText was cut to
 };
 
+/// \a text turned left by \a offset characters: what leaves at the left comes back at the right.
+QString turnedText(const QString &text, int offset);
+
 /// Sets \a sheet on \a widget unless it is in place: the toolkit would parse it and dress the widget once more.
 void applyStyleSheet(QWidget *widget, const QString &sheet);
 void applyStyleSheet(QWidget *widget, const char *sheet);

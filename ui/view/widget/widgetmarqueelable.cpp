@@ -1,5 +1,7 @@
 #include "widgetmarqueelable.h"
 
+#include "widgetdetails.h"
+
 WidgetMarqueeLable::WidgetMarqueeLable(QWidget *parent)
     : QLabel(parent),
       m_timerId(0),
@@ -17,5 +19,5 @@ void WidgetMarqueeLable::timerEvent(QTimerEvent *)
     ++m_offset;
     if (length > 0)
         m_offset %= length;
-    setText(m_marqueeText.mid(m_offset) + m_marqueeText.left(m_offset));
+    setText(turnedText(m_marqueeText, m_offset));
 }

@@ -1,0 +1,121 @@
+#include "rowdelegate.h"
+
+#include "modelrow.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionViewItem>
+
+namespace {
+
+// As a label shows a plain text: the writing direction of the text decides what is left.
+void paintText(QPainter *painter, const QRect &rect, Qt::Alignment alignment, const QString &text)
+{
+    const bool mirrored = text.isRightToLeft();
+    const int side = mirrored ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+    painter->drawText(rect, int(QStyle::visualAlignment(mirrored ? Qt::RightToLeft : Qt::LeftToRight, alignment)) | side,
+                      text);
+}
+
+void paintArrow(QPainter *painter, const QRect &rect, QIcon *arrow, const QString &path)
+{
+    if (arrow->isNull())
+        *arrow = QIcon(path);
+    arrow->paint(painter, rect);
+}
+
+}
+
+RowDelegate::RowDelegate(QObject *parent)
+    : QAbstractItemDelegate(parent)
+{
+    updateFonts();
+}
+
+void RowDelegate::updateFonts()
+{
+    RowLook look;
+    m_titleFont = look.titleFont();
+    look.hasValue = true;
+    m_titleFontAboveValue = look.titleFont();
+    m_badgeFont = RowLook::badgeFont();
+    m_valueFont = RowLook::valueFont();
+}
+
+void RowDelegate::setScrolledTitle(const QString &text)
+{
+    m_scrolledTitle = text;
+}
+
+const QFont &RowDelegate::titleFont(const ModelRow &row) const
+{
+    return row.look.hasValue && !row.look.valueOnRightSide ? m_titleFontAboveValue : m_titleFont;
+}
+
+QRect RowDelegate::titleRect(const ModelRow &row, FittedText *fittedTitle) const
+{
+    if (row.look.valueOnRightSide)
+        return RowLook::titleRectOnSharedLine(fittedTitle->textWidth(row.title, titleFont(row)));
+    return RowLook::titleRectBesideArrows(row.look.titleRect(), row.look.seenArrows());
+}
+
+bool RowDelegate::isTitleCut(const QModelIndex &index) const
+{
+    const ModelRow row(index);
+    FittedText &fittedTitle = m_fittedTitles[index.row() % FittedRows];
+    const int width = titleRect(row, &fittedTitle).width();
+    return !fittedTitle.fits(row.title, titleFont(row), width);
+}
+
+void RowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    // In the order in which the parts of a row lie upon each other.
+    const ModelRow row(index);
+    const bool focused = option.state & QStyle::State_HasFocus;
+    const RowDress &dress = rowDress(focused);
+    Pictures &pictures = m_pictures[focused];
+    const QPoint origin = option.rect.topLeft();
+    const int height = option.rect.height();
+
+    FittedText &fittedTitle = m_fittedTitles[index.row() % FittedRows];
+    const QRect titlePlace = titleRect(row, &fittedTitle);
+    QString title = m_scrolledTitle;
+    if (!focused || title.isNull())
+        title = fittedTitle.fit(row.title, titleFont(row), titlePlace.width());
+    painter->setFont(titleFont(row));
+    painter->setPen(row.titleDimmed ? dress.dimmedColour : dress.titleColour);
+    paintText(painter, titlePlace.translated(origin), row.titleAlignment(), title);
+
+    if (row.look.hasBadge) {
+        if (pictures.badge.isNull())
+            pictures.badge = QPixmap(dress.badgePicture);
+        const QRect place = RowLook::badgeRect().translated(origin);
+        painter->drawTiledPixmap(place, pictures.badge);
+        painter->setFont(m_badgeFont);
+        painter->setPen(dress.badgeColour);
+        paintText(painter, place, BadgeAlignment, row.badge);
+    }
+
+    if (row.look.hasValue) {
+        const bool onSharedLine = row.look.valueOnRightSide;
+        const QRect place = onSharedLine
+            ? RowLook::valueRectOnSharedLine(fittedTitle.textWidth(row.title, titleFont(row)))
+            : row.look.valueRect(row.look.moreDepth);
+        FittedText &fittedValue = m_fittedValues[index.row() % FittedRows];
+        painter->setFont(m_valueFont);
+        painter->setPen(row.valueDimmed ? dress.dimmedColour : dress.valueColour);
+        paintText(painter, place.translated(origin),
+                  onSharedLine ? ValueAlignmentOnSharedLine : ValueAlignment,
+                  fittedValue.fit(row.value, m_valueFont, place.width()));
+    }
+
+    if (row.look.modifiable && row.look.hasPrevArrow())
+        paintArrow(painter, RowLook::prevArrowRect(height).translated(origin), &pictures.prevArrow, dress.prevArrowPicture);
+    if (row.look.modifiable && row.look.hasNextArrow())
+        paintArrow(painter, RowLook::nextArrowRect(height).translated(origin), &pictures.nextArrow, dress.nextArrowPicture);
+}
+
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
+{
+    return option.rect.size();
+}

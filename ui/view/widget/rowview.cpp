@@ -1,0 +1,443 @@
+#include "rowview.h"
+
+#include "listlook.h"
+#include "rowdelegate.h"
+#include "widgetdetails.h"
+#include "widgetlistview.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionViewItem>
+#include <QTimerEvent>
+
+#include <algorithm>
+
+namespace {
+
+const int DefaultRowHeight = 46;
+
+bool isAbove(const QPersistentModelIndex &index, int row)
+{
+    return index.row() < row;
+}
+
+bool isAboveOther(const QPersistentModelIndex &index, const QPersistentModelIndex &other)
+{
+    return index.row() < other.row();
+}
+
+// What the sheet of a table makes of its scroll bar, without the time that a sheet takes.
+class ScrollBar : public QScrollBar
+{
+public:
+    explicit ScrollBar(QWidget *parent)
+        : QScrollBar(Qt::Vertical, parent)
+    {
+    }
+
+    virtual QSize sizeHint() const { return QSize(ScrollBarWidth, ScrollBarWidth); }
+
+protected:
+    virtual void paintEvent(QPaintEvent *)
+    {
+        const qint64 range = maximum() - minimum();
+        const int length = qMax(int(height() * qint64(pageStep()) / (range + pageStep())), ScrollHandleMinimum);
+        const int top = QStyle::sliderPositionFromValue(minimum(), maximum(), value(), height() - length);
+        QPainter painter(this);
+        painter.fillRect(rect(), scrollGrooveColour());
+        painter.fillRect(0, top, width(), length, scrollHandleColour());
+    }
+};
+
+}
+
+RowView::RowView(QWidget *list)
+    : QAbstractItemView(list),
+      m_delegate(new RowDelegate(this)),
+      m_row(-1),
+      m_rowsAbove(0),
+      m_rowHeight(DefaultRowHeight),
+      m_offset(0),
+      m_noFocus(false),
+      m_fetching(false),
+      m_marqueeOffset(0)
+{
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFrameShape(QFrame::NoFrame);
+    setSelectionMode(NoSelection);
+    setEditTriggers(NoEditTriggers);
+    setAutoScroll(false);
+    setVerticalScrollMode(ScrollPerItem);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBar(new ScrollBar(this));
+    setItemDelegate(m_delegate);
+    // So the toolkit can move the picture of rows that have only scrolled.
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void RowView::setModel(QAbstractItemModel *model)
+{
+    QAbstractItemModel *oldModel = this->model();
+    QItemSelectionModel *oldSelection = selectionModel();
+    if (model == oldModel)
+        return;
+    if (oldModel)
+        disconnect(oldModel, 0, this, SLOT(takeRows()));
+    if (oldModel)
+        disconnect(oldModel, 0, this, SLOT(takeData(QModelIndex,QModelIndex)));
+    QAbstractItemView::setModel(model);
+    if (oldSelection)
+        oldSelection->deleteLater();
+    if (model) {
+        // After the toolkit's own connections: the rows are known by then.
+        connect(model, SIGNAL(rowsInserted(QModelIndex,int,int)), this, SLOT(takeRows()));
+        connect(model, SIGNAL(rowsRemoved(QModelIndex,int,int)), this, SLOT(takeRows()));
+        connect(model, SIGNAL(rowsMoved(QModelIndex,int,int,QModelIndex,int)), this, SLOT(takeRows()));
+        connect(model, SIGNAL(layoutChanged()), this, SLOT(takeRows()));
+        connect(model, SIGNAL(modelReset()), this, SLOT(takeRows()));
+        connect(model, SIGNAL(dataChanged(QModelIndex,QModelIndex)), this, SLOT(takeData(QModelIndex,QModelIndex)));
+        connect(model, SIGNAL(destroyed()), this, SLOT(takeRows()));
+    }
+    takeRows();
+}
+
+int RowView::count() const
+{
+    return model() ? model()->rowCount() : 0;
+}
+
+int RowView::row() const
+{
+    return currentIndex().row();
+}
+
+void RowView::setRow(int row)
+{
+    if (row < 0 || row >= count())
+        return;
+    const QModelIndex index = model()->index(row, 0);
+    if (index != currentIndex())
+        stopMarquee();
+    m_index = index;
+    m_row = row;
+    // Not by setCurrentIndex(), which refuses rows that are not enabled.
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    scrollTo(index);
+    m_rowsAbove = placeOf(row) - verticalScrollBar()->value();
+    updateMarquee();
+    fetchRowsNear();
+}
+
+void RowView::setFirstRow()
+{
+    m_row = 0;
+    takeRows();
+}
+
+void RowView::forgetRow()
+{
+    stopMarquee();
+    m_index = QModelIndex();
+    m_row = -1;
+    if (currentIndex().isValid())
+        selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
+}
+
+bool RowView::isRowHidden(int row) const
+{
+    const int place = placeOf(row);
+    const int hiddenAbove = row - place;
+    return hiddenAbove < m_hiddenRows.size() && m_hiddenRows.at(hiddenAbove).row() == row;
+}
+
+void RowView::setRowHidden(int row, bool hidden)
+{
+    if (isRowHidden(row) == hidden)
+        return;
+    const int hiddenAbove = row - placeOf(row);
+    if (hidden)
+        m_hiddenRows.insert(hiddenAbove, model()->index(row, 0));
+    else
+        m_hiddenRows.removeAt(hiddenAbove);
+    updateGeometries();
+    updateMarquee();
+    viewport()->update();
+}
+
+void RowView::setRowHeight(int height)
+{
+    m_rowHeight = height;
+    updateGeometries();
+    if (currentIndex().isValid())
+        scrollTo(currentIndex());
+    viewport()->update();
+}
+
+int RowView::rowsInView() const
+{
+    return qMax(viewport()->height() / m_rowHeight, 1);
+}
+
+QModelIndex RowView::seenCurrentIndex() const
+{
+    const QModelIndex index = currentIndex();
+    return isRowHidden(index.row()) ? QModelIndex() : index;
+}
+
+int RowView::rowInView(int number) const
+{
+    const int place = m_offset / m_rowHeight + number;
+    return place < placeCount() && place * m_rowHeight < m_offset + viewport()->height() ? rowAt(place) : -1;
+}
+
+int RowView::rowAwayFrom(int row, int rows) const
+{
+    const int place = placeOf(row) + rows;
+    return placeCount() > 0 ? rowAt(qBound(0, place, placeCount() - 1)) : row;
+}
+
+void RowView::setNoFocusStyle()
+{
+    m_noFocus = true;
+    updateMarquee();
+    viewport()->update();
+}
+
+void RowView::updateFocus()
+{
+    update(currentIndex());
+    updateMarquee();
+}
+
+int RowView::placeCount() const
+{
+    return count() - m_hiddenRows.size();
+}
+
+int RowView::placeOf(int row) const
+{
+    return row - int(std::lower_bound(m_hiddenRows.begin(), m_hiddenRows.end(), row, isAbove) - m_hiddenRows.begin());
+}
+
+int RowView::rowAt(int place) const
+{
+    // Between the first and the last row that it can be.
+    int hiddenAbove = 0;
+    int hiddenAtMost = int(m_hiddenRows.size());
+    while (hiddenAbove < hiddenAtMost) {
+        const int middle = (hiddenAbove + hiddenAtMost) / 2;
+        if (m_hiddenRows.at(middle).row() - middle <= place)
+            hiddenAbove = middle + 1;
+        else
+            hiddenAtMost = middle;
+    }
+    return place + hiddenAbove;
+}
+
+void RowView::takeRows()
+{
+    for (int i = int(m_hiddenRows.size()) - 1; i >= 0; --i) {
+        if (!m_hiddenRows.at(i).isValid())
+            m_hiddenRows.removeAt(i);
+    }
+    std::sort(m_hiddenRows.begin(), m_hiddenRows.end(), isAboveOther);
+
+    const int rowsAbove = m_rowsAbove;
+    updateGeometries();
+    if (m_row >= 0 && placeCount() > 0) {
+        if (m_index.isValid())
+            verticalScrollBar()->setValue(placeOf(m_index.row()) - rowsAbove);
+        const int row = m_index.isValid() ? m_index.row() : currentIndex().isValid() ? currentIndex().row() : m_row;
+        setRow(rowAwayFrom(qMin(row, count() - 1), 0));
+    }
+    updateMarquee();
+    viewport()->update();
+    fetchRowsNear();
+}
+
+void RowView::takeData(const QModelIndex &topLeft, const QModelIndex &bottomRight)
+{
+    const int row = currentIndex().row();
+    if (row >= topLeft.row() && row <= bottomRight.row())
+        updateMarquee();
+}
+
+void RowView::fetchRowsNear()
+{
+    if (m_fetching || !isVisible())
+        return;
+    m_fetching = true;
+    for (;;) {
+        const int rows = count();
+        const int wanted = qMax(rowAt(verticalScrollBar()->value()), currentIndex().row()) + 2 * rowsInView();
+        if (wanted < rows || !model() || !model()->canFetchMore(QModelIndex()))
+            break;
+        model()->fetchMore(QModelIndex());
+        // They may also come later.
+        if (count() <= rows)
+            break;
+    }
+    m_fetching = false;
+}
+
+QRect RowView::visualRect(const QModelIndex &index) const
+{
+    if (!index.isValid() || isRowHidden(index.row()))
+        return QRect();
+    return rectOfPlace(placeOf(index.row()));
+}
+
+QRect RowView::rectOfPlace(int place) const
+{
+    // As a column of a table: the scroll bar covers the end of it.
+    const int left = isRightToLeft() ? viewport()->width() - RowsRect.width() : 0;
+    return QRect(left, place * m_rowHeight - m_offset, RowsRect.width(), m_rowHeight);
+}
+
+void RowView::scrollTo(const QModelIndex &index, ScrollHint)
+{
+    if (!index.isValid() || isRowHidden(index.row()))
+        return;
+    const QRect rect = visualRect(index);
+    const int place = placeOf(index.row());
+    if (rect.top() < 0)
+        verticalScrollBar()->setValue(place);
+    else if (rect.bottom() >= viewport()->height())
+        verticalScrollBar()->setValue(place - rowsInView() + 1);
+}
+
+QModelIndex RowView::indexAt(const QPoint &point) const
+{
+    const int place = (point.y() + m_offset) / m_rowHeight;
+    if (!viewport()->rect().contains(point) || place >= placeCount())
+        return QModelIndex();
+    return model()->index(rowAt(place), 0);
+}
+
+void RowView::updateGeometries()
+{
+    verticalScrollBar()->setRange(0, qMax(placeCount() - rowsInView(), 0));
+    verticalScrollBar()->setPageStep(rowsInView());
+    updateOffset();
+    QAbstractItemView::updateGeometries();
+}
+
+void RowView::updateOffset()
+{
+    const int value = verticalScrollBar()->value();
+    const bool atEnd = value == verticalScrollBar()->maximum();
+    m_offset = atEnd ? qMax(placeCount() * m_rowHeight - viewport()->height(), 0) : value * m_rowHeight;
+}
+
+void RowView::scrollContentsBy(int, int)
+{
+    const int offset = m_offset;
+    updateOffset();
+    viewport()->scroll(0, offset - m_offset);
+}
+
+void RowView::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::FontChange) {
+        m_delegate->updateFonts();
+        updateMarquee();
+    }
+    QAbstractItemView::changeEvent(event);
+}
+
+void RowView::hideEvent(QHideEvent *event)
+{
+    stopMarquee();
+    QAbstractItemView::hideEvent(event);
+}
+
+void RowView::paintEvent(QPaintEvent *event)
+{
+    const QColor colour = rowColour();
+    const QColor evenColour = m_noFocus ? palette().color(QPalette::Base) : colour;
+    const int currentRow = currentIndex().row();
+    const int end = placeCount();
+    QPainter painter(viewport());
+    QStyleOptionViewItem option;
+    int place = (event->rect().top() + m_offset) / m_rowHeight;
+    option.rect = rectOfPlace(place);
+    for (; place < end && option.rect.top() <= event->rect().bottom(); ++place) {
+        if (event->region().intersects(option.rect)) {
+            const int row = rowAt(place);
+            const bool current = row == currentRow;
+            const bool focused = current && parentWidget()->hasFocus();
+            option.state = focused ? QStyle::State_Enabled | QStyle::State_HasFocus : QStyle::State_Enabled;
+            painter.fillRect(option.rect, current && !m_noFocus ? selectedRowColour() : place % 2 == 0 ? evenColour : colour);
+            m_delegate->paint(&painter, option, model()->index(row, 0));
+        }
+        option.rect.translate(0, m_rowHeight);
+    }
+    // What is below the rows.
+    painter.fillRect(event->rect() & QRect(0, option.rect.top(), viewport()->width(), viewport()->height()), evenColour);
+}
+
+void RowView::updateMarquee()
+{
+    const QModelIndex current = seenCurrentIndex();
+    const bool scrolls = !m_noFocus && isVisible() && parentWidget()->hasFocus() && current.isValid()
+        && m_delegate->isTitleCut(current);
+    const QString text = scrolls ? marqueeText(current.data(WidgetListView::TitleRole).toString()) : QString();
+    if (text == m_marqueeText)
+        return;
+    stopMarquee();
+    if (!text.isNull()) {
+        m_marqueeText = text;
+        m_marqueeOffset = 0;
+        m_marqueeTimer.start(MarqueeInterval, this);
+    }
+}
+
+void RowView::stopMarquee()
+{
+    m_marqueeTimer.stop();
+    m_marqueeText = QString();
+    m_delegate->setScrolledTitle(QString());
+}
+
+void RowView::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_marqueeTimer.timerId()) {
+        QAbstractItemView::timerEvent(event);
+        return;
+    }
+    m_marqueeOffset = (m_marqueeOffset + 1) % int(m_marqueeText.length());
+    m_delegate->setScrolledTitle(turnedText(m_marqueeText, m_marqueeOffset));
+    update(currentIndex());
+}
+
+QModelIndex RowView::moveCursor(CursorAction, Qt::KeyboardModifiers)
+{
+    return currentIndex();
+}
+
+int RowView::horizontalOffset() const
+{
+    return 0;
+}
+
+int RowView::verticalOffset() const
+{
+    return m_offset;
+}
+
+bool RowView::isIndexHidden(const QModelIndex &index) const
+{
+    return isRowHidden(index.row());
+}
+
+void RowView::setSelection(const QRect &, QItemSelectionModel::SelectionFlags)
+{
+}
+
+QRegion RowView::visualRegionForSelection(const QItemSelection &) const
+{
+    return QRegion();
+}
