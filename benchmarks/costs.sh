@@ -47,10 +47,13 @@ found=$(awk '
     function grown(work, base) { report(work, base "-plain", count[base, "plain"]) }
     END {
         plain("down"); plain("in-view"); plain("value"); plain("build-12"); plain("build-200")
+        plain("view-down"); plain("view-in-view"); plain("view-value"); plain("view-build")
         plain("tick"); plain("keypad"); plain("switcher")
         report("unchanged-tick", "number", count["unit", "plain"])
         grown("down-200", "down"); grown("down-2000", "down")
         grown("value-200", "value"); grown("value-2000", "value")
+        grown("view-down-12", "view-down"); grown("view-down-100000", "view-down")
+        grown("view-build-12", "view-build"); grown("view-build-100000", "view-build")
         grown("tick-12", "tick"); grown("tick-200", "tick"); grown("tick-2000", "tick")
         grown("build-2000", "build-200")
     }' "$counts"/dump.*) || fail "Some work was not counted."

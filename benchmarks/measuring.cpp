@@ -170,7 +170,7 @@ bool soak(int keys)
 {
     std::vector<std::unique_ptr<Stage>> stages;
     for (const Work &work : tableWork()) {
-        if (!QByteArray(work.name).startsWith("build"))
+        if (!QByteArray(work.name).contains("build"))
             stages.push_back(work.newStage(Make::Library));
     }
     int sent = 0;

@@ -1,9 +1,9 @@
 #include "plainlist.h"
 
 #include "content.h"
+#include "listmodel.h"
 #include "screens.h"
 
-#include <QAbstractListModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
@@ -12,8 +12,6 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyledItemDelegate>
-
-#include <vector>
 
 namespace {
 
@@ -35,8 +33,6 @@ const QRect RowValueRect(9, 23, 206, 21);
 const QPoint PrevArrowPlace(185, 18);
 const QPoint NextArrowPlace(201, 18);
 
-const int ValueRole = Qt::UserRole;
-
 QFont fontOfSize(int pointSize, bool bold)
 {
     QFont font;
@@ -44,60 +40,6 @@ QFont fontOfSize(int pointSize, bool bold)
     font.setBold(bold);
     return font;
 }
-
-class Model : public QAbstractListModel
-{
-public:
-    Model(int rows, QObject *parent)
-        : QAbstractListModel(parent),
-          m_rows(std::size_t(rows))
-    {
-        for (int row = 0; row < rows; ++row) {
-            m_rows[row].title = rowTitle(row);
-            for (int value = 0; value < ValueCount; ++value)
-                m_rows[row].values.append(rowValue(row, value));
-        }
-    }
-
-    int rowCount(const QModelIndex &parent) const override { return parent.isValid() ? 0 : int(m_rows.size()); }
-
-    QVariant data(const QModelIndex &index, int role) const override
-    {
-        const Row &row = m_rows[std::size_t(index.row())];
-        switch (role) {
-        case Qt::DisplayRole:
-            return row.title;
-        case ValueRole:
-            return row.values.at(row.current);
-        case Qt::ForegroundRole:
-            return row.visited ? Ink : QColor(Qt::black);
-        default:
-            return QVariant();
-        }
-    }
-
-    // As the library has it, the value of a row is quite black until the row has been selected.
-    void visit(const QModelIndex &index) { m_rows[std::size_t(index.row())].visited = true; }
-
-    void stepValue(const QModelIndex &index, int direction)
-    {
-        Row &row = m_rows[std::size_t(index.row())];
-        const int count = int(row.values.size());
-        row.current = (row.current + direction + count) % count;
-        emit dataChanged(index, index, {ValueRole});
-    }
-
-private:
-    struct Row
-    {
-        QString title;
-        QStringList values;
-        int current = 0;
-        bool visited = false;
-    };
-
-    std::vector<Row> m_rows;
-};
 
 class Delegate : public QStyledItemDelegate
 {
@@ -120,7 +62,7 @@ public:
         painter->setFont(m_valueFont);
         painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
         painter->drawText(RowValueRect.translated(origin), Qt::AlignLeft | Qt::AlignTop,
-                          index.data(ValueRole).toString());
+                          index.data(ListModel::ValueRole).toString());
         painter->drawPixmap(origin + PrevArrowPlace, selected ? m_prevFocus : m_prev);
         painter->drawPixmap(origin + NextArrowPlace, selected ? m_nextFocus : m_next);
     }
@@ -156,9 +98,9 @@ protected:
 class View : public QListView
 {
 public:
-    View(int rows, QWidget *parent)
+    View(ListModel *model, QWidget *parent)
         : QListView(parent),
-          m_model(new Model(rows, this))
+          m_model(model)
     {
         setFrameShape(QFrame::NoFrame);
         setUniformItemSizes(true);
@@ -207,12 +149,12 @@ private:
         setCurrentIndex(m_model->index((currentIndex().row() + rows + count) % count));
     }
 
-    Model *m_model;
+    ListModel *m_model;
 };
 
 }
 
-PlainList::PlainList(int rows, QWidget *parent)
+PlainList::PlainList(ListModel *model, QWidget *parent)
     : QWidget(parent)
 {
     resize(ScreenWidth, ScreenHeight);
@@ -234,7 +176,7 @@ PlainList::PlainList(int rows, QWidget *parent)
     title->setAutoFillBackground(true);
     title->setFont(fontOfSize(14, false));
 
-    View *view = new View(rows, this);
+    View *view = new View(model, this);
     view->setGeometry(0, TitleHeight, ScreenWidth, ScreenHeight - TitleHeight);
     setFocusProxy(view);
 }

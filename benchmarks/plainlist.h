@@ -3,11 +3,13 @@
 
 #include <QWidget>
 
+class ListModel;
+
 /// The settings list in plain widgets: two labels, and a list view with a model and one delegate.
 class PlainList : public QWidget
 {
 public:
-    PlainList(int rows, QWidget *parent);
+    PlainList(ListModel *model, QWidget *parent);
 };
 
 #endif

@@ -1,6 +1,7 @@
 #include "screens.h"
 
 #include "content.h"
+#include "listmodel.h"
 #include "plainclock.h"
 #include "plainkeypad.h"
 #include "plainlist.h"
@@ -11,6 +12,7 @@
 #include "widgetkeypad.h"
 #include "widgetlist.h"
 #include "widgetlistitem.h"
+#include "widgetlistview.h"
 #include "widgetswitcher.h"
 
 #include <QApplication>
@@ -37,6 +39,16 @@ WidgetList *newLibraryList(int rows, QWidget *parent)
             item->addValue(rowValue(row, value));
         list->addListItem(item);
     }
+    return list;
+}
+
+WidgetListView *newLibraryListView(ListModel *model, QWidget *parent)
+{
+    WidgetListView *list = new WidgetListView(parent, sound());
+    list->resize(ScreenWidth, ScreenHeight);
+    list->setTitle(QStringLiteral("Settings"), true);
+    list->setTitleIcon(pictureSheet(QStringLiteral("icon_sound")));
+    list->setModel(model);
     return list;
 }
 
@@ -122,7 +134,25 @@ QWidget *newList(Make make, int rows, QWidget *parent)
 {
     if (make == Make::Library)
         return newLibraryList(rows, parent);
-    return new PlainList(rows, parent);
+    ListModel *model = new ListModel(rows, ListModel::UnseenValue::Black, nullptr);
+    QWidget *list = new PlainList(model, parent);
+    model->setParent(list);
+    return list;
+}
+
+QWidget *newListView(Make make, int rows, QWidget *parent)
+{
+    ListModel *model = new ListModel(rows, ListModel::UnseenValue::Dark, nullptr);
+    QWidget *list = newListView(make, model, parent);
+    model->setParent(list);
+    return list;
+}
+
+QWidget *newListView(Make make, ListModel *model, QWidget *parent)
+{
+    if (make == Make::Library)
+        return newLibraryListView(model, parent);
+    return new PlainList(model, parent);
 }
 
 QWidget *newKeypad(Make make, QWidget *parent)

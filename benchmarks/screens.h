@@ -3,6 +3,7 @@
 
 #include <functional>
 
+class ListModel;
 class QWidget;
 
 /// The screens that are measured, each in two makes that look and work the same: of the library's widgets, and of the
@@ -22,6 +23,10 @@ void setUpApplication();
 
 /// A settings list under a title with an icon: rows with a title, seven values, and both arrows.
 QWidget *newList(Make make, int rows, QWidget *parent);
+
+/// The same over a model, which both makes have; one of its own, or \a model.
+QWidget *newListView(Make make, int rows, QWidget *parent);
+QWidget *newListView(Make make, ListModel *model, QWidget *parent);
 
 /// A telephone keypad for small letters. It takes the focus by itself when it is shown.
 QWidget *newKeypad(Make make, QWidget *parent);

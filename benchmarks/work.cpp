@@ -1,7 +1,10 @@
 #include "work.h"
 
+#include "content.h"
 #include "widgetlist.h"
+#include "widgetlistview.h"
 
+#include <QAbstractListModel>
 #include <QApplication>
 #include <QKeyEvent>
 
@@ -11,6 +14,7 @@ namespace {
 
 const int ClockHeight = 68;
 const int SmallList = 12;
+const int HugeList = 100000;
 
 // Steps in a round.
 const int ScrollingKeys = 9;
@@ -40,13 +44,21 @@ private:
     bool m_seen = false;
 };
 
+/// Which class of the library the plain list stands beside.
+enum class Of { Widgets, Model };
+
+QWidget *newListOf(Of of, Make make, int rows, QWidget *parent)
+{
+    return of == Of::Widgets ? newList(make, rows, parent) : newListView(make, rows, parent);
+}
+
 class ListStage : public Stage
 {
 public:
-    ListStage(Make make, int rows, int steps)
+    ListStage(Make make, Of of, int rows, int steps)
         : Stage(steps, true)
     {
-        QWidget *list = newList(make, rows, &m_window);
+        QWidget *list = newListOf(of, make, rows, &m_window);
         show(list);
         seeAllRows(qobject_cast<WidgetList *>(list), rows);
     }
@@ -70,8 +82,8 @@ private:
 class ScrollStage : public ListStage
 {
 public:
-    ScrollStage(Make make, int rows)
-        : ListStage(make, rows, ScrollingKeys)
+    ScrollStage(Make make, Of of, int rows)
+        : ListStage(make, of, rows, ScrollingKeys)
     {
         toLastRowInView();
     }
@@ -103,8 +115,8 @@ private:
 class InViewStage : public ListStage
 {
 public:
-    InViewStage(Make make, int rows)
-        : ListStage(make, rows, 10)
+    InViewStage(Make make, Of of, int rows)
+        : ListStage(make, of, rows, 10)
     {
     }
 
@@ -116,8 +128,8 @@ private:
 class ValueStage : public ListStage
 {
 public:
-    ValueStage(Make make, int rows)
-        : ListStage(make, rows, ValueCount)
+    ValueStage(Make make, Of of, int rows)
+        : ListStage(make, of, rows, ValueCount)
     {
     }
 
@@ -126,12 +138,86 @@ private:
     void step(int) override { type(Qt::Key_6); }
 };
 
+/// Rows that take no memory, so that it is the list alone that may.
+class EndlessModel : public QAbstractListModel
+{
+public:
+    EndlessModel(int rows, QObject *parent)
+        : QAbstractListModel(parent),
+          m_rows(rows)
+    {
+        for (int value = 0; value < ValueCount; ++value)
+            m_values.append(rowValue(0, value));
+    }
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override { return parent.isValid() ? 0 : m_rows; }
+
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        if (role == Qt::DisplayRole)
+            return rowTitle(index.row());
+        return role == WidgetListView::ValuesRole ? m_values : QVariant();
+    }
+
+private:
+    const int m_rows;
+    QStringList m_values;
+};
+
+/// In a list of \a rows, near the last of them.
+class FarScrollStage : public Stage
+{
+public:
+    FarScrollStage(Make, int rows)
+        : Stage(ScrollingKeys, true),
+          m_start(rows - ScrollingKeys - 1)
+    {
+        m_list = new WidgetListView(&m_window, nullptr);
+        m_list->resize(ScreenWidth, ScreenHeight);
+        m_list->setModel(new EndlessModel(rows, m_list));
+        show(m_list);
+    }
+
+private:
+    void rewind() override { m_list->setFocusAtItem(m_start); }
+    void step(int) override { type(Qt::Key_8); }
+
+    const int m_start;
+    WidgetListView *m_list;
+};
+
+class FarBuildStage : public Stage
+{
+public:
+    FarBuildStage(Make, int rows)
+        : Stage(1, true),
+          m_model(rows, nullptr)
+    {
+        show(&m_window);
+    }
+
+private:
+    void rewind() override { m_list.reset(); }
+
+    void step(int) override
+    {
+        m_list = std::make_unique<WidgetListView>(&m_window, nullptr);
+        m_list->resize(ScreenWidth, ScreenHeight);
+        m_list->setModel(&m_model);
+        m_list->show();
+    }
+
+    EndlessModel m_model;
+    std::unique_ptr<WidgetListView> m_list;
+};
+
 class BuildStage : public Stage
 {
 public:
-    BuildStage(Make make, int rows)
+    BuildStage(Make make, Of of, int rows)
         : Stage(1, true),
           m_make(make),
+          m_of(of),
           m_rows(rows)
     {
         show(&m_window);
@@ -142,11 +228,12 @@ private:
 
     void step(int) override
     {
-        m_list.reset(newList(m_make, m_rows, &m_window));
+        m_list.reset(newListOf(m_of, m_make, m_rows, &m_window));
         m_list->show();
     }
 
     const Make m_make;
+    const Of m_of;
     const int m_rows;
     std::unique_ptr<QWidget> m_list;
 };
@@ -316,11 +403,15 @@ void Stage::paint()
 std::vector<Work> tableWork()
 {
     return {
-        {"down", "down key, 12 rows, scrolling", stage<ScrollStage>(SmallList), 3.5, 0, 1},
-        {"in-view", "down or up key, in view", stage<InViewStage>(SmallList), 3, 0, 1},
-        {"value", "right key (value)", stage<ValueStage>(SmallList), 0.5, 0, 1},
-        {"build-12", "build 12 rows, first frame", stage<BuildStage>(SmallList), 5, 0, 1},
-        {"build-200", "build 200 rows, first frame", stage<BuildStage>(200), 12, 0, 0.25},
+        {"down", "down key, 12 rows, scrolling", stage<ScrollStage>(Of::Widgets, SmallList), 3.5, 0, 1},
+        {"in-view", "down or up key, in view", stage<InViewStage>(Of::Widgets, SmallList), 3, 0, 1},
+        {"value", "right key (value)", stage<ValueStage>(Of::Widgets, SmallList), 0.5, 0, 1},
+        {"build-12", "build 12 rows, first frame", stage<BuildStage>(Of::Widgets, SmallList), 5, 0, 1},
+        {"build-200", "build 200 rows, first frame", stage<BuildStage>(Of::Widgets, 200), 12, 0, 0.25},
+        {"view-down", "list view: down key, scrolling", stage<ScrollStage>(Of::Model, SmallList), 1.1, 0, 1},
+        {"view-in-view", "list view: down key, in view", stage<InViewStage>(Of::Model, SmallList), 1.1, 0, 1},
+        {"view-value", "list view: right key (value)", stage<ValueStage>(Of::Model, SmallList), 1.1, 0, 1},
+        {"view-build", "list view: build, first frame", stage<BuildStage>(Of::Model, SmallList), 1.1, 0, 1},
         {"tick", "clock, next second", stage<TickStage>(0), 8, 0, 1},
         {"unchanged-tick", "clock, nothing changed", stage<UnchangedTickStage>(), 0, 2, 1},
         {"keypad", "keypad, digit key", stage<KeypadStage>(), 0, 60, 1},
@@ -331,14 +422,18 @@ std::vector<Work> tableWork()
 std::vector<Work> growthWork()
 {
     return {
-        {"down-200", "down key, 200 rows, scrolling", stage<ScrollStage>(200), 0, 0, 1},
-        {"down-2000", "down key, 2000 rows, scrolling", stage<ScrollStage>(2000), 0, 0, 1},
-        {"value-200", "right key (value), 200 rows", stage<ValueStage>(200), 0, 0, 1},
-        {"value-2000", "right key (value), 2000 rows", stage<ValueStage>(2000), 0, 0, 1},
+        {"down-200", "down key, 200 rows, scrolling", stage<ScrollStage>(Of::Widgets, 200), 0, 0, 1},
+        {"down-2000", "down key, 2000 rows, scrolling", stage<ScrollStage>(Of::Widgets, 2000), 0, 0, 1},
+        {"value-200", "right key (value), 200 rows", stage<ValueStage>(Of::Widgets, 200), 0, 0, 1},
+        {"value-2000", "right key (value), 2000 rows", stage<ValueStage>(Of::Widgets, 2000), 0, 0, 1},
+        {"view-down-12", "list view: down key, row 12", stage<FarScrollStage>(SmallList), 0, 0, 1},
+        {"view-down-100000", "list view: down key, row 100000", stage<FarScrollStage>(HugeList), 0, 0, 1},
+        {"view-build-12", "list view: 12 rows, first frame", stage<FarBuildStage>(SmallList), 0, 0, 1},
+        {"view-build-100000", "list view: 100000 rows, first frame", stage<FarBuildStage>(HugeList), 0, 0, 1},
         {"tick-12", "clock above 12 rows, next second", stage<TickStage>(SmallList), 0, 0, 1},
         {"tick-200", "clock above 200 rows, next second", stage<TickStage>(200), 0, 0, 1},
         {"tick-2000", "clock above 2000 rows, next second", stage<TickStage>(2000), 0, 0, 1},
-        {"build-2000", "build 2000 rows, first frame", stage<BuildStage>(2000), 0, 0, 0.1},
+        {"build-2000", "build 2000 rows, first frame", stage<BuildStage>(Of::Widgets, 2000), 0, 0, 0.1},
     };
 }
 

@@ -36,6 +36,8 @@ class TestBenchmarkPeers : public QObject
 private slots:
     void listsLookTheSame_data();
     void listsLookTheSame();
+    void listViewsLookTheSame_data();
+    void listViewsLookTheSame();
     void keypadsLookTheSame_data();
     void keypadsLookTheSame();
     void switchersLookTheSame_data();
@@ -113,6 +115,21 @@ void TestBenchmarkPeers::listsLookTheSame()
         static int rowCount;
         rowCount = rows;
         compareAfterKeys([](Make make, QWidget *parent) { return newList(make, rowCount, parent); }, keys);
+    }
+}
+
+void TestBenchmarkPeers::listViewsLookTheSame_data()
+{
+    listsLookTheSame_data();
+}
+
+void TestBenchmarkPeers::listViewsLookTheSame()
+{
+    QFETCH(QByteArray, keys);
+    for (int rows : {12, 200}) {
+        static int rowCount;
+        rowCount = rows;
+        compareAfterKeys([](Make make, QWidget *parent) { return newListView(make, rowCount, parent); }, keys);
     }
 }
 

@@ -1,7 +1,6 @@
 #include "listlook.h"
 
 #include "widgetdetails.h"
-#include "widgetmenutitle.h"
 
 // As texts, for the sheets.
 #define DARK_TEXT "#1F1618"
@@ -213,15 +212,4 @@ const QString &noFocusTableSheet()
     static const QString sheet = withScrollBarSheet(
         "QTableWidget {selection-background-color: transparent;alternate-background-color: " ROW ";}");
     return sheet;
-}
-
-void setDefaultTitleFont(WidgetMenuTitle *menuTitle)
-{
-    menuTitle->setFontStyle(WidgetMenuTitle::ItemTitle, 14, false, QLatin1String("color: rgba(255,255,255,255);"));
-}
-
-void addTitleGuide(WidgetMenuTitle *menuTitle, const QString &style, const QRect &rect)
-{
-    menuTitle->setItemGeometry(WidgetMenuTitle::ItemInfo, rect.x(), rect.y(), rect.width(), rect.height());
-    menuTitle->setItemStyle(WidgetMenuTitle::ItemInfo, style);
 }

@@ -9,8 +9,6 @@
 #include <QRect>
 #include <QString>
 
-class WidgetMenuTitle;
-
 /// What is in a row, as far as its look depends on it, and what follows: which of its parts are seen, where they stand in
 /// pixels of the row, and in which fonts.
 struct RowLook
@@ -105,9 +103,5 @@ QColor scrollHandleColour();
 /// The same for a table, in a list with and without focus.
 const QString &tableSheet();
 const QString &noFocusTableSheet();
-
-/// What lists do with their title bar.
-void setDefaultTitleFont(WidgetMenuTitle *menuTitle);
-void addTitleGuide(WidgetMenuTitle *menuTitle, const QString &style, const QRect &rect);
 
 #endif

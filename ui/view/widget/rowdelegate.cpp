@@ -8,20 +8,11 @@
 
 namespace {
 
-// As a label shows a plain text: the writing direction of the text decides what is left.
-void paintText(QPainter *painter, const QRect &rect, Qt::Alignment alignment, const QString &text)
-{
-    const bool mirrored = text.isRightToLeft();
-    const int side = mirrored ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
-    painter->drawText(rect, int(QStyle::visualAlignment(mirrored ? Qt::RightToLeft : Qt::LeftToRight, alignment)) | side,
-                      text);
-}
-
-void paintArrow(QPainter *painter, const QRect &rect, QIcon *arrow, const QString &path)
+void paintArrow(QPainter *painter, const QRect &place, QPixmap *arrow, const QString &path)
 {
     if (arrow->isNull())
-        *arrow = QIcon(path);
-    arrow->paint(painter, rect);
+        *arrow = pictureFor(place.size(), path);
+    paintPicture(painter, place, *arrow);
 }
 
 }

@@ -4,7 +4,6 @@
 #include "widgetdetails.h"
 
 #include <QAbstractItemDelegate>
-#include <QIcon>
 #include <QPixmap>
 
 struct ModelRow;
@@ -35,8 +34,8 @@ private:
     struct Pictures
     {
         QPixmap badge;
-        QIcon prevArrow;
-        QIcon nextArrow;
+        QPixmap prevArrow;
+        QPixmap nextArrow;
     };
 
     const QFont &titleFont(const ModelRow &row) const;

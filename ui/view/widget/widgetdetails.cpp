@@ -6,6 +6,8 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QPainter>
+#include <QPixmap>
 #include <QStyle>
 #include <QThread>
 #include <QWidget>
@@ -109,6 +111,26 @@ QString FittedText::fit(const QString &text, const QFont &font, int width)
 QString turnedText(const QString &text, int offset)
 {
     return text.mid(offset) + text.left(offset);
+}
+
+void paintText(QPainter *painter, const QRect &rect, Qt::Alignment alignment, const QString &text)
+{
+    const bool mirrored = text.isRightToLeft();
+    const int side = mirrored ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+    alignment = QStyle::visualAlignment(mirrored ? Qt::RightToLeft : Qt::LeftToRight, alignment);
+    painter->drawText(rect, int(alignment) | side, text);
+}
+
+QPixmap pictureFor(const QSize &size, const QString &path)
+{
+    const QPixmap picture(path);
+    const bool fits = picture.width() <= size.width() && picture.height() <= size.height();
+    return fits ? picture : picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+void paintPicture(QPainter *painter, const QRect &place, const QPixmap &picture)
+{
+    painter->drawPixmap(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, picture.size(), place).topLeft(), picture);
 }
 
 void applyStyleSheet(QWidget *widget, const QString &sheet)

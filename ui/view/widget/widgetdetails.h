@@ -10,6 +10,10 @@
 
 #include <ctime>
 
+class QPainter;
+class QPixmap;
+class QRect;
+class QSize;
 class QThread;
 class QWidget;
 
@@ -53,6 +57,15 @@ private:
 
 /// \a text turned left by \a offset characters: what leaves at the left comes back at the right.
 QString turnedText(const QString &text, int offset);
+
+/// Paints \a text as a label shows a plain text: the writing direction of the text decides which side is left.
+void paintText(QPainter *painter, const QRect &rect, Qt::Alignment alignment, const QString &text);
+
+/// The picture at \a path as an "image" of a sheet shows it in \a size: smaller where it is too large.
+QPixmap pictureFor(const QSize &size, const QString &path);
+
+/// Paints \a picture in the middle of \a place.
+void paintPicture(QPainter *painter, const QRect &place, const QPixmap &picture);
 
 /// Sets \a sheet on \a widget unless it is in place: the toolkit would parse it and dress the widget once more.
 void applyStyleSheet(QWidget *widget, const QString &sheet);

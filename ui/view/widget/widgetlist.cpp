@@ -4,6 +4,7 @@
 #include "listkeys.h"
 #include "listlook.h"
 #include "rowtable.h"
+#include "titlelook.h"
 #include "widgetdetails.h"
 #include "widgetlistitem.h"
 #include "widgetmenutitle.h"
@@ -77,7 +78,8 @@ void WidgetList::setTitle(QString text, bool defaultFont)
 
 void WidgetList::setDefaultFont()
 {
-    setDefaultTitleFont(m_menuTitle);
+    m_menuTitle->setFontStyle(WidgetMenuTitle::ItemTitle, TitlePointSize, false,
+                              QLatin1String("color: rgba(255,255,255,255);"));
 }
 
 void WidgetList::setTitleIcon(QString style)
@@ -87,7 +89,8 @@ void WidgetList::setTitleIcon(QString style)
 
 void WidgetList::addGuide(QString style, QRect rect)
 {
-    addTitleGuide(m_menuTitle, style, rect);
+    m_menuTitle->setItemGeometry(WidgetMenuTitle::ItemInfo, rect.x(), rect.y(), rect.width(), rect.height());
+    m_menuTitle->setItemStyle(WidgetMenuTitle::ItemInfo, style);
 }
 
 void WidgetList::setNoFocusStyle(int rowsPerPage)

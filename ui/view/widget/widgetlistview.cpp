@@ -2,11 +2,11 @@
 
 #include "listkeys.h"
 #include "listlook.h"
+#include "listtitle.h"
 #include "modelrow.h"
 #include "platform/logging.h"
 #include "rowview.h"
 #include "widgetdetails.h"
-#include "widgetmenutitle.h"
 
 #include <QKeyEvent>
 #include <QPointer>
@@ -47,7 +47,7 @@ WidgetListView::WidgetListView(QWidget *parent, SoundManager *soundManager)
       m_enterOnOK(false),
       m_scrollOnHold(false),
       m_jumpToLetter(false),
-      m_menuTitle(new WidgetMenuTitle(this, 0)),
+      m_title(new ListTitle(this)),
       m_view(new RowView(this)),
       m_noFocusRows(0),
       m_letterKey(0)
@@ -74,22 +74,22 @@ void WidgetListView::setTitle(QString text, bool defaultFont)
 {
     if (defaultFont)
         setDefaultFont();
-    m_menuTitle->setTitle(text);
+    m_title->setTitle(text);
 }
 
 void WidgetListView::setDefaultFont()
 {
-    setDefaultTitleFont(m_menuTitle);
+    m_title->setDefaultFont();
 }
 
 void WidgetListView::setTitleIcon(QString style)
 {
-    m_menuTitle->setItemStyle(WidgetMenuTitle::ItemIcon, style);
+    m_title->addIconStyle(style);
 }
 
 void WidgetListView::addGuide(QString style, QRect rect)
 {
-    addTitleGuide(m_menuTitle, style, rect);
+    m_title->addGuide(style, rect);
 }
 
 void WidgetListView::setNoFocusStyle(int rowsPerPage)

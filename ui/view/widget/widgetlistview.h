@@ -7,6 +7,7 @@
 #include <QRect>
 #include <QString>
 
+class ListTitle;
 class QAbstractItemModel;
 class QFocusEvent;
 class QHideEvent;
@@ -14,7 +15,6 @@ class QKeyEvent;
 class QModelIndex;
 class QShowEvent;
 class RowView;
-class WidgetMenuTitle;
 struct ModelRow;
 
 /// A settings list over a model: it looks, sounds and works as a WidgetList of text rows does, but its rows are painted
@@ -124,10 +124,11 @@ public:
     /// Gives the title 14 points in normal weight, in white.
     void setDefaultFont();
 
-    /// Adds \a style to the sheet of the title's icon (see WidgetMenuTitle::setItemStyle()).
+    /// Adds \a style to the sheet of the title's icon, unless it occurs there already as a piece of text.
     void setTitleIcon(QString style);
 
-    /// Shows the information text of the title bar at \a rect, in pixels of the bar, and adds \a style to its sheet.
+    /// Shows the information part of the title bar at \a rect, in pixels of the bar, and adds \a style to its sheet, unless
+    /// it occurs there already.
     void addGuide(QString style, QRect rect);
 
     /// Puts the list into the no-focus style: the selected row is not highlighted, titles do not scroll, and up and down
@@ -198,7 +199,7 @@ private:
         bool pageContinued;  // the last page was turned by this key
     };
 
-    WidgetMenuTitle *m_menuTitle;
+    ListTitle *m_title;
     RowView *m_view;
     int m_noFocusRows;
     HeldKey m_upKey;

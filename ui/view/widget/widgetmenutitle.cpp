@@ -2,6 +2,7 @@
 
 #include "platform/logging.h"
 #include "platform/stringrc.h"
+#include "titlelook.h"
 #include "widgetdetails.h"
 
 #include <QLabel>
@@ -9,23 +10,23 @@
 WidgetMenuTitle::WidgetMenuTitle(QWidget *parent, SoundManager *sound)
     : Widget(parent, sound)
 {
-    setGeometry(0, 0, 220, 38);
+    setGeometry(TitleBarRect);
     setFocusPolicy(Qt::NoFocus);
-    setStyleSheet(QLatin1String("color: #FFFFFF;background-color: #474242;"));
+    setStyleSheet(QLatin1String("color: " TITLE_COLOUR ";background-color: " TITLE_BAR_COLOUR ";"));
 
     m_iconLabel = new QLabel(this);
     m_titleLabel = new QLabel(this);
     m_infoLabel = new QLabel(this);
     placeIconAndTitle();
-    m_infoLabel->setGeometry(StringRC::getInstance()->m_rightToLeft ? 0 : 152, 0, 68, 13);
+    m_infoLabel->setGeometry(titleInfoRect(StringRC::getInstance()->m_rightToLeft));
 
-    m_iconLabel->setStyleSheet(QLatin1String("padding: 3px;"));
+    m_iconLabel->setStyleSheet(titleIconSheet());
 
-    m_titleLabel->setFont(defaultFont(14, true));
-    m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    m_titleLabel->setStyleSheet(QLatin1String("padding-left: 1px;"));
+    m_titleLabel->setFont(defaultFont(TitlePointSize, true));
+    m_titleLabel->setAlignment(TitleTextAlignment);
+    m_titleLabel->setStyleSheet(QString::fromLatin1("padding-left: %1px;").arg(TitlePadding));
 
-    m_infoLabel->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    m_infoLabel->setAlignment(TitleInfoAlignment);
     m_infoLabel->hide();
 }
 
@@ -77,9 +78,7 @@ void WidgetMenuTitle::setItemStyle(WidgetMenuTitle::Item item, QString style)
         return;
     }
 
-    QString merged = label->styleSheet();
-    if (!merged.contains(style, Qt::CaseInsensitive))
-        merged += style;
+    const QString merged = withStyle(label->styleSheet(), style);
     Logging::log(Logging::LogTrace, "[%s, %d] concatStyle = %s", "setItemStyle", 93, merged.toLatin1().constData());
     // Set again also when unchanged: a screen calls this to have the label dressed anew.
     label->setStyleSheet(merged);
@@ -104,6 +103,6 @@ void WidgetMenuTitle::setTitle(QString text)
 void WidgetMenuTitle::placeIconAndTitle()
 {
     const bool mirrored = StringRC::getInstance()->m_rightToLeft;
-    m_iconLabel->setGeometry(mirrored ? 182 : 0, 0, 38, 38);
-    m_titleLabel->setGeometry(mirrored ? 0 : 38, 0, 182, 38);
+    m_iconLabel->setGeometry(titleIconRect(mirrored));
+    m_titleLabel->setGeometry(titleTextRect(mirrored));
 }
