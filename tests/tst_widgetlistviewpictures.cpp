@@ -16,6 +16,8 @@
 #include <QAbstractEventDispatcher>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QPainter>
+#include <QScreen>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTest>
@@ -290,6 +292,11 @@ private slots:
     void scrollingTitlesLookTheSameAtEachStep();
     void scrollBarsLookTheSame_data();
     void scrollBarsLookTheSame();
+    void titleBarsLookTheSame_data();
+    void titleBarsLookTheSame();
+    void whatIsPaintedInPartsLooksAsPaintedAtOnce();
+    void aSheetOfTheApplicationDoesNotReachTheRows();
+    void dimmedTextsArePaleWithAndWithoutTheFocus();
 
 private:
     void compare(const QImage &widgets, const QImage &view);
@@ -455,12 +462,144 @@ void TestWidgetListViewPictures::scrollBarsLookTheSame()
     QFETCH(int, downs);
     compareIn(RowsModel::titled(rows), [&](Screen &screen) { screen.type(QByteArray(downs, '8')); });
 }
+void TestWidgetListViewPictures::titleBarsLookTheSame_data()
+{
+    QTest::addColumn<QStringList>("iconStyles");
+    QTest::addColumn<bool>("defaultFont");
+    QTest::addColumn<bool>("mirrored");
+    const QString picture = QLatin1String(IconSheet);
+    const struct
+    {
+        const char *name;
+        QStringList styles;
+    } icons[] = {
+        {"no icon", {}},
+        {"an icon", {picture}},
+        {"the same icon twice", {picture, picture}},
+        {"another icon", {picture, QStringLiteral("image: url(:/resource/images_l2/icon_square.png);")}},
+        {"an icon that is too large", {QStringLiteral("image: url(:/resource/images_l2/tna_bg.png);")}},
+        {"an icon that does not exist", {QStringLiteral("image: url(:/none.png);")}},
+        {"an icon on a colour", {QStringLiteral("background-color: #800000; ") + picture}},
+        {"a colour after the icon", {picture, QStringLiteral("background-color: #800000;")}},
+        {"an icon in a corner", {QStringLiteral("image: url(:/resource/images_l2/icon_disc.png); image-position: top left;")}},
+        {"a background", {QStringLiteral("background-image: url(:/resource/images_l2/icon_disc.png);")}},
+    };
+    for (const auto &icon : icons) {
+        for (bool defaultFont : {false, true}) {
+            for (bool mirrored : {false, true}) {
+                QTest::addRow("%s%s%s", icon.name, defaultFont ? ", in the default font" : "",
+                              mirrored ? ", right to left" : "")
+                    << icon.styles << defaultFont << mirrored;
+            }
+        }
+    }
+}
+
+void TestWidgetListViewPictures::titleBarsLookTheSame()
+{
+    QFETCH(QStringList, iconStyles);
+    QFETCH(bool, defaultFont);
+    QFETCH(bool, mirrored);
+    const auto pictureOf = [&](auto *list) {
+        QWidget window;
+        window.resize(220, 176);
+        list->setParent(&window);
+        list->resize(220, 176);
+        list->setTitle(QStringLiteral("Settings that are wider than the bar"), defaultFont);
+        for (const QString &style : iconStyles)
+            list->setTitleIcon(style);
+        window.show();
+        const QImage atFirst = window.grab().toImage();
+        // And what changes while it is seen, also the writing direction.
+        list->setTitle(QStringLiteral("Other"), defaultFont);
+        list->addGuide(QStringLiteral("background-color: #004000;"), QRect(10, 0, 60, 13));
+        RecordingPlatform::setRightToLeft(!mirrored);
+        list->setDefaultFont();
+        QImage both(220, 352, QImage::Format_RGB32);
+        QPainter painter(&both);
+        painter.drawImage(0, 0, atFirst);
+        painter.drawImage(0, 176, window.grab().toImage());
+        return both;
+    };
+    RecordingPlatform::setRightToLeft(mirrored);
+    const QImage widgets = pictureOf(new WidgetList(0, nullptr, nullptr));
+    RecordingPlatform::setRightToLeft(mirrored);
+    const QImage view = pictureOf(new WidgetListView(nullptr, nullptr));
+    compare(widgets, view);
+}
+
+void TestWidgetListViewPictures::whatIsPaintedInPartsLooksAsPaintedAtOnce()
+{
+    QList<Row> rows = RowsModel::titled(40);
+    for (Row &row : rows)
+        row.values = QStringList{QStringLiteral("one"), QStringLiteral("two")};
+    ViewScreen screen(rows);
+    screen.show();
+    for (char key : QByteArray("888888688822222222288486")) {
+        // Row by row, as the toolkit has painted and moved them, and then anew.
+        screen.type(QByteArray(1, key));
+        runEventLoop();
+        const QImage inParts = screen.window().screen()->grabWindow(screen.window().winId()).toImage();
+        screen.window().repaint();
+        const QImage atOnce = screen.window().screen()->grabWindow(screen.window().winId()).toImage();
+        QCOMPARE(inParts, atOnce);
+        QVERIFY(!inParts.isNull());
+    }
+}
+
+void TestWidgetListViewPictures::aSheetOfTheApplicationDoesNotReachTheRows()
+{
+    QList<Row> rows = RowsModel::titled(5);
+    rows[0].setValue = QStringLiteral("a value");
+    QImage pictures[2];
+    for (int i = 0; i < 2; ++i) {
+        if (i == 1)
+            qApp->setStyleSheet(QStringLiteral("QWidget { color: red; background-color: blue; font-size: 30pt }"
+                                               "QAbstractItemView::item { background-color: green }"));
+        ViewScreen screen(rows);
+        screen.show();
+        pictures[i] = screen.picture().copy(0, 38, 216, 138);
+    }
+    QCOMPARE(pictures[1], pictures[0]);
+}
+
+void TestWidgetListViewPictures::dimmedTextsArePaleWithAndWithoutTheFocus()
+{
+    const auto darkest = [](const QImage &picture) {
+        int grey = 255;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                grey = qMin(grey, qGray(picture.pixel(x, y)));
+        }
+        return grey;
+    };
+    QList<Row> rows = RowsModel::titled(2);
+    for (Row &row : rows)
+        row.setValue = QStringLiteral("a value");
+    rows[0].titleDimmed = true;
+    rows[1].valueDimmed = true;
+    ViewScreen screen(rows);
+    screen.show();
+    for (const char *key : {"", "8"}) {
+        screen.type(key);
+        const QImage picture = screen.picture();
+        const int dimmedTitle = darkest(picture.copy(9, 40, 100, 21));
+        const int value = darkest(picture.copy(9, 61, 100, 21));
+        const int title = darkest(picture.copy(9, 86, 100, 21));
+        const int dimmedValue = darkest(picture.copy(9, 107, 100, 21));
+        QVERIFY2(dimmedTitle > title + 40, key);
+        QVERIFY2(dimmedValue > value + 40, key);
+        QCOMPARE(dimmedTitle, dimmedValue);
+    }
+}
+
 int main(int argc, char **argv)
 {
     // Whatever the machine looks like, the pictures have the device's resolution, one font and one style.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_FONT_DPI", "72");
-    qputenv("QT_SCALE_FACTOR", "1");
+    if (qEnvironmentVariableIsEmpty("QT_SCALE_FACTOR"))
+        qputenv("QT_SCALE_FACTOR", "1");
     QApplication application(argc, argv);
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(QApplication::style()->standardPalette());

@@ -31,7 +31,8 @@ ListTitle::ListTitle(QWidget *list)
       m_icon(0),
       m_guide(0),
       m_font(defaultFont(TitlePointSize, true)),
-      m_padding(TitlePadding),
+      // A label that has a padding indents its text by half an x as well.
+      m_indent(TitlePadding + textWidth(QLatin1String("x"), m_font) / 2),
       m_mirrored(StringRC::getInstance()->m_rightToLeft)
 {
     setGeometry(TitleBarRect);
@@ -49,7 +50,7 @@ void ListTitle::setTitle(const QString &title)
 void ListTitle::setDefaultFont()
 {
     m_font = defaultFont(TitlePointSize, false);
-    m_padding = 0;
+    m_indent = 0;
     m_mirrored = StringRC::getInstance()->m_rightToLeft;
     if (m_icon)
         m_icon->setGeometry(titleIconRect(m_mirrored));
@@ -92,5 +93,5 @@ void ListTitle::paintEvent(QPaintEvent *)
     painter.setPen(QColor(QLatin1String(TITLE_COLOUR)));
     if (!m_icon)
         paintPicture(&painter, withoutPadding(titleIconRect(m_mirrored)), m_iconPicture);
-    paintText(&painter, titleTextRect(m_mirrored).adjusted(m_padding, 0, 0, 0), TitleTextAlignment, m_title);
+    paintText(&painter, titleTextRect(m_mirrored).adjusted(m_indent, 0, 0, 0), TitleTextAlignment, m_title);
 }

@@ -33,7 +33,7 @@ private:
     QLabel *m_guide;        // 0 until there is one
     QString m_title;
     QFont m_font;
-    int m_padding;
+    int m_indent;
     bool m_mirrored;
 };
 
