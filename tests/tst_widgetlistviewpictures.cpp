@@ -536,14 +536,12 @@ void TestWidgetListViewPictures::whatIsPaintedInPartsLooksAsPaintedAtOnce()
     ViewScreen screen(rows);
     screen.show();
     for (char key : QByteArray("888888688822222222288486")) {
-        // Row by row, as the toolkit has painted and moved them, and then anew.
         screen.type(QByteArray(1, key));
         runEventLoop();
-        const QImage inParts = screen.window().screen()->grabWindow(screen.window().winId()).toImage();
-        screen.window().repaint();
-        const QImage atOnce = screen.window().screen()->grabWindow(screen.window().winId()).toImage();
-        QCOMPARE(inParts, atOnce);
-        QVERIFY(!inParts.isNull());
+        // What the toolkit has painted and moved on the screen so far, and everything anew.
+        QWidget &window = screen.window();
+        const QImage inParts = window.screen()->grabWindow(window.winId()).toImage();
+        compare(screen.picture(), inParts.convertToFormat(QImage::Format_RGB32));
     }
 }
 
