@@ -680,6 +680,7 @@ void TestSimulatorScreens::contactOnTheSimCardStays()
     QCOMPARE(contacts.value(), QString("SIM card"));
     contacts.type("right left right");
     QCOMPARE(contacts.value(), QString("SIM card"));
+    QVERIFY(contacts.shows("3/1000"));
     contacts.type("OK");
     QVERIFY(contacts.shows("SIM card"));
     QVERIFY(contacts.shows("No group"));

@@ -1,5 +1,5 @@
-// A plugin of the toolkit that works a screen of README.md as a person would, inside the program as it was built. Ends the
-// program with status 1 where something else comes about than README.md says. Loaded with
+// A plugin of the toolkit that works a screen of README.md as a person would, inside the program as it was built. Ends
+// the program with status 1 where something else comes about than README.md says. Loaded with
 // QT_QPA_GENERIC_PLUGINS=screenprobe; SCREENPROBE_SCREEN says which screen it is: "screen", the first one, or the long
 // list, of "names" or with "roles". SCREENPROBE_PICTURE names the PNG file that gets a picture of the screen.
 
