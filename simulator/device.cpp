@@ -12,6 +12,7 @@
 Device::Device(KeyMode keyMode, QWidget *parent)
     : QWidget(parent),
       m_keyMode(keyMode),
+      m_memory(std::make_unique<QObject>()),
       m_message(new Message(this))
 {
     setFixedSize(Width, Height);
@@ -60,6 +61,7 @@ void Device::start(const QString &name)
 {
     while (!m_screens.empty())
         closeTop();
+    m_memory = std::make_unique<QObject>();
     forgetKeys();
     m_message->hide();
     open(name);

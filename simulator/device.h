@@ -8,6 +8,7 @@
 #include <QSet>
 #include <QWidget>
 
+#include <memory>
 #include <vector>
 
 class Message;
@@ -46,7 +47,12 @@ public:
 
     KeyMode keyMode() const { return m_keyMode; }
 
+    /// Owns what screens keep from one opening to the next: up to the next start().
+    QObject *memory() const { return m_memory.get(); }
+
     // For those who work the keys.
+
+    void setKeyMode(KeyMode keyMode) { m_keyMode = keyMode; }
 
     /// What a finger does to \a key, one of the device's own (see deviceKey()): a press, repeats while it stays down,
     /// and one release, whoever is working the keys. Repeats and releases of a key that is not down are ignored.
@@ -82,6 +88,7 @@ private:
     void setKeyModeOfWidgets();
 
     KeyMode m_keyMode;
+    std::unique_ptr<QObject> m_memory;
     std::vector<OpenScreen> m_screens;
     QSet<int> m_keysDown;
     Message *m_message;

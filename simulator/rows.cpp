@@ -7,11 +7,12 @@
 #include "platform/soundmanager.h"
 #include "widgetlist.h"
 #include "widgetlistitem.h"
+#include "widgetlistview.h"
 #include "widgetmenutitle.h"
 
+#include <QAbstractItemView>
 #include <QHash>
 #include <QKeyEvent>
-#include <QTableWidget>
 
 namespace {
 
@@ -114,19 +115,30 @@ WidgetListItem *newRow(WidgetList *list)
     return row;
 }
 
-}
-
-void setTitleBar(WidgetList *list, const QString &title, const QString &icon)
+template <typename List>
+void dressTitleBar(List *list, const QString &title, const QString &icon)
 {
     // The toolkit paints the background of a style sheet on a widget of ours only where this is set.
-    const QList<WidgetMenuTitle *> bars = list->findChildren<WidgetMenuTitle *>();
+    const QList<WidgetMenuTitle *> bars = list->template findChildren<WidgetMenuTitle *>();
     for (WidgetMenuTitle *bar : bars)
         bar->setAttribute(Qt::WA_StyledBackground);
     list->setTitle(title, false);
     list->setTitleIcon(QStringLiteral("image: url(:/resource/images_l2/%1);").arg(icon));
     // The title bar mirrors itself.
     if (writesRightToLeft())
-        list->findChild<QTableWidget *>()->setLayoutDirection(Qt::RightToLeft);
+        list->template findChild<QAbstractItemView *>()->setLayoutDirection(Qt::RightToLeft);
+}
+
+}
+
+void setTitleBar(WidgetList *list, const QString &title, const QString &icon)
+{
+    dressTitleBar(list, title, icon);
+}
+
+void setTitleBar(WidgetListView *list, const QString &title, const QString &icon)
+{
+    dressTitleBar(list, title, icon);
 }
 
 void addSaveGuide(WidgetList *list)

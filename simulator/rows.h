@@ -5,12 +5,14 @@
 
 class WidgetList;
 class WidgetListItem;
+class WidgetListView;
 
 // What the list screens have in common.
 
 /// Gives \a list its title bar: \a title, and the picture \a icon of :/resource/images_l2/. The rest of the list begins on
 /// the side from which texts are written, as do its rows.
 void setTitleBar(WidgetList *list, const QString &title, const QString &icon);
+void setTitleBar(WidgetListView *list, const QString &title, const QString &icon);
 
 /// Adds the picture that tells that OK saves to the title bar of \a list.
 void addSaveGuide(WidgetList *list);

@@ -2,6 +2,7 @@
 
 Screen choiceScreen();
 Screen clockScreen();
+Screen contactsScreen();
 Screen homeScreen();
 Screen infoScreen();
 Screen memoryScreen();
@@ -30,6 +31,7 @@ const std::vector<Screen> &allScreens()
         moreScreen(),
         readerScreen(),
         memoryScreen(),
+        contactsScreen(),
     };
     return screens;
 }

@@ -17,6 +17,7 @@ struct ScreenState
     const char *name;          ///< part of the picture's file name; empty for the screen as it opens
     const char *keys;          ///< the key script (see script.h) that leads to the state
     bool rightToLeft = false;  ///< whether the state is one of a language written from right to left
+    bool functionKeys = false;  ///< whether it is one of a device on which F1 to F4 are the directions
 };
 
 /// What the simulator knows of a screen.

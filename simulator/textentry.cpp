@@ -70,6 +70,12 @@ void TextEntry::startText(const QString &text)
     setInitialLineText(text, false, true, false);
 }
 
+void TextEntry::startNumber(const QString &number)
+{
+    m_firstPage = DigitPage;
+    startText(number);
+}
+
 void TextEntry::startPassword(const QString &password)
 {
     m_isPassword = true;
@@ -80,7 +86,7 @@ void TextEntry::startPassword(const QString &password)
 void TextEntry::showEvent(QShowEvent *event)
 {
     WidgetKeypad::showEvent(event);
-    goToLetters(SmallLetters);
+    goToPage(m_firstPage);
     beginSentence();
     showFade();
 }

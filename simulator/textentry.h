@@ -28,6 +28,9 @@ public:
     /// Has the user add to \a text, or delete from it.
     void startText(const QString &text);
 
+    /// Has the user add digits to \a number, or delete some; letters are a key away.
+    void startNumber(const QString &number);
+
     /// Has the user replace \a password, or confirm it. Only what a password may have in it can be typed: no letters
     /// but those of the first alphabet.
     void startPassword(const QString &password);
@@ -61,6 +64,7 @@ private:
     QWidget *const m_fade;
     int m_alphabet = 0;
     Page m_page = SmallPage;
+    Page m_firstPage = SmallPage;
     bool m_oneCapital = false;
     int m_capitalKey = 0;  // the key that has typed the one capital; 0 while it is to come
     bool m_isPassword = false;

@@ -153,6 +153,19 @@ const Translation translations[] = {
     {"Clock chip works", "شريحة الساعة تعمل"},
     {"Clock chip fails", "شريحة الساعة معطلة"},
 
+    // Contacts
+    {"Contacts", "جهات الاتصال"},
+    {"No group", "بلا مجموعة"},
+    {"Family", "العائلة"},
+    {"Friends", "الأصدقاء"},
+    {"Work", "العمل"},
+    {"SIM card", "بطاقة SIM"},
+    {"No number", "لا رقم"},
+    {"Number", "الرقم"},
+    {"Group", "المجموعة"},
+    {"Stored on", "محفوظة في"},
+    {"Device", "الجهاز"},
+
     // Text entry
     {"Device name", "اسم الجهاز"},
     {"Password", "كلمة المرور"},

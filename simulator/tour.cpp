@@ -107,6 +107,7 @@ bool takeState(DeviceWindow &window, const Options &options, const Screen &scree
         return false;
     }
     StringRC::getInstance()->m_rightToLeft = options.rightToLeft || state.rightToLeft;
+    window.device().setKeyMode(state.functionKeys ? KeyMode::Functions : options.keyMode);
     enter(window.device(), QString::fromLatin1(screen.name), keys);
     return save(window, options, file, TourWay);
 }

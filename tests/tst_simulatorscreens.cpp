@@ -1,6 +1,7 @@
 // Looks at the pictures of the simulator's tour as a person would: is every text whole, clear of the others, readable
 // and in its place? And do the keys do what the arrows on the display promise?
 
+#include "contactsmodel.h"
 #include "devicewindow.h"
 #include "look.h"
 #include "rowparts.h"
@@ -9,12 +10,15 @@
 #include "textpicture.h"
 #include "texts.h"
 #include "widgetkeypad.h"
+#include "widgetlist.h"
+#include "widgetlistview.h"
 #include "widgetsoftbtn.h"
 
 #include "platform/desktop/desktopclock.h"
 #include "platform/desktop/desktopsound.h"
 #include "platform/stringrc.h"
 
+#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -210,6 +214,69 @@ Picture take(const char *screen, const char *keys, bool rightToLeft, KeyMode key
     return pictureOf(window.device());
 }
 
+/// \a text without what only says in which direction it is written.
+QString withoutMarks(QString text)
+{
+    return text.remove(QChar(0x200f)).remove(QChar(0x202a)).remove(QChar(0x202c));
+}
+
+/// The contacts while someone works the keys: \a keys from \a screen on.
+struct ContactsAtWork
+{
+    ContactsAtWork(const char *screen, const char *keys, KeyMode keyMode = KeyMode::Digits, bool rightToLeft = false)
+        : window(keyMode, 1)
+    {
+        StringRC::getInstance()->m_rightToLeft = rightToLeft;
+        window.showActive();
+        window.device().start(QString::fromLatin1(screen));
+        type(keys);
+    }
+
+    void type(const QByteArray &keys)
+    {
+        QString error;
+        play(parseScript(QString::fromLatin1(keys), &error), window.device(), 0);
+        if (!error.isEmpty())
+            qFatal("%s", qPrintable(error));
+        runFor(0);
+        list = window.device().findChild<WidgetListView *>();
+    }
+
+    QModelIndex current() const { return list->model()->index(list->selectedRow(), 0); }
+    QString title() const { return current().data(WidgetListView::TitleRole).toString(); }
+    QString value() const
+    {
+        return current().data(WidgetListView::ValuesRole).toStringList().value(
+                current().data(WidgetListView::ValueIndexRole).toInt());
+    }
+
+    /// Whether a label on the display says \a text.
+    bool shows(const QString &text)
+    {
+        const Picture picture = pictureOf(window.device());
+        return std::any_of(picture.texts.begin(), picture.texts.end(), [&text](const Text &shown) {
+            return shown.isShown && withoutMarks(shown.text) == text;
+        });
+    }
+
+    DeviceWindow window;
+    QPointer<WidgetListView> list;
+};
+
+void addWritings()
+{
+    QTest::addColumn<bool>("rightToLeft");
+    QTest::newRow("left to right") << false;
+    QTest::newRow("right to left") << true;
+}
+
+void addKeyModes()
+{
+    QTest::addColumn<KeyMode>("keyMode");
+    QTest::newRow("digits") << KeyMode::Digits;
+    QTest::newRow("functions") << KeyMode::Functions;
+}
+
 // The tour
 
 void addTour(bool rightToLeftOnly)
@@ -217,11 +284,13 @@ void addTour(bool rightToLeftOnly)
     QTest::addColumn<QByteArray>("screen");
     QTest::addColumn<QByteArray>("keys");
     QTest::addColumn<bool>("rightToLeft");
+    QTest::addColumn<KeyMode>("keyMode");
     for (const Screen &screen : allScreens()) {
         for (const ScreenState &state : screen.states) {
             if (state.rightToLeft || !rightToLeftOnly)
                 QTest::addRow("%s %s", screen.name, state.name)
-                    << QByteArray(screen.name) << QByteArray(state.keys) << state.rightToLeft;
+                    << QByteArray(screen.name) << QByteArray(state.keys) << state.rightToLeft
+                    << (state.functionKeys ? KeyMode::Functions : KeyMode::Digits);
         }
     }
 }
@@ -235,15 +304,10 @@ const Picture &pictureOfTour()
         QFETCH(QByteArray, screen);
         QFETCH(QByteArray, keys);
         QFETCH(bool, rightToLeft);
-        pictures.insert(name, take(screen.constData(), keys.constData(), rightToLeft));
+        QFETCH(KeyMode, keyMode);
+        pictures.insert(name, take(screen.constData(), keys.constData(), rightToLeft, keyMode));
     }
     return *pictures.constFind(name);
-}
-
-/// \a text without what only says in which direction it is written.
-QString withoutMarks(QString text)
-{
-    return text.remove(QChar(0x200f)).remove(QChar(0x202a)).remove(QChar(0x202c));
 }
 
 QByteArray description(const Text &text)
@@ -283,6 +347,23 @@ private Q_SLOTS:
     void rightToLeftLinesBeginFlush();
     void keysFollowTheWriting_data();
     void keysFollowTheWriting();
+
+    void contactsKeepToTheRulesOfModels_data() { addWritings(); }
+    void contactsKeepToTheRulesOfModels();
+    void contactsAreSortedAndDiffer_data() { addWritings(); }
+    void contactsAreSortedAndDiffer();
+    void keysLeadFromHomeToTheContactsAndBack_data() { addKeyModes(); }
+    void keysLeadFromHomeToTheContactsAndBack();
+    void digitsJumpToNames_data();
+    void digitsJumpToNames();
+    void digitsAreDirectionsWhereTheyLeadThere();
+    void heldKeyGoesThroughTheContacts_data() { addKeyModes(); }
+    void heldKeyGoesThroughTheContacts();
+    void positionFollowsTheKeys();
+    void groupStaysChanged();
+    void contactOnTheSimCardStays();
+    void contactWithoutNumberIsGivenOne();
+    void contactsBeginAnewWithTheDevice();
 };
 
 void TestSimulatorScreens::textsHaveRoom()
@@ -445,6 +526,191 @@ void TestSimulatorScreens::keysFollowTheWriting()
     QVERIFY(std::any_of(picture.texts.begin(), picture.texts.end(), [&text](const Text &shown) {
         return shown.isShown && withoutMarks(shown.text) == text;
     }));
+}
+
+// Contacts
+
+void TestSimulatorScreens::contactsKeepToTheRulesOfModels()
+{
+    QFETCH(bool, rightToLeft);
+    StringRC::getInstance()->m_rightToLeft = rightToLeft;
+    ContactsModel contacts(nullptr);
+    QAbstractItemModelTester tester(&contacts, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QSignalSpy changes(&contacts, &QAbstractItemModel::dataChanged);
+
+    const QModelIndex contact = contacts.index(0);
+    QVERIFY(contacts.setData(contact, 3, WidgetListView::ValueIndexRole));
+    QCOMPARE(contact.data(WidgetListView::ValueIndexRole).toInt(), 3);
+    QCOMPARE(changes.size(), 1);
+    for (int group : {-1, 4})
+        QVERIFY(!contacts.setData(contact, group, WidgetListView::ValueIndexRole));
+    QVERIFY(!contacts.setData(contact, "Nobody", WidgetListView::TitleRole));
+    QVERIFY(!contacts.setData(QModelIndex(), 0, WidgetListView::ValueIndexRole));
+    QCOMPARE(contact.data(WidgetListView::ValueIndexRole).toInt(), 3);
+    QCOMPARE(changes.size(), 1);
+}
+
+void TestSimulatorScreens::contactsAreSortedAndDiffer()
+{
+    QFETCH(bool, rightToLeft);
+    StringRC::getInstance()->m_rightToLeft = rightToLeft;
+    const ContactsModel contacts(nullptr);
+    QSet<QString> names;
+    QString before;
+    for (int row = 0; row < contacts.rowCount(); ++row) {
+        const QString name = contacts.index(row).data(WidgetListView::TitleRole).toString();
+        names.insert(name);
+        const QString letter = name.normalized(QString::NormalizationForm_KD).left(1);
+        QVERIFY2(before <= letter, qPrintable(name));
+        before = letter;
+    }
+    QCOMPARE(names.size(), 1000);
+}
+
+void TestSimulatorScreens::keysLeadFromHomeToTheContactsAndBack()
+{
+    QFETCH(KeyMode, keyMode);
+    for (const char *way : {"left OK 5", "left OK down down OK", "left OK down down right"}) {
+        ContactsAtWork contacts("home", way, keyMode);
+        QVERIFY(contacts.list);
+        QCOMPARE(contacts.list->model()->rowCount(), 1000);
+        QCOMPARE(contacts.list->selectedRow(), 0);
+        contacts.type("ESC");
+        QVERIFY(!contacts.list);
+        QVERIFY(qobject_cast<WidgetList *>(screenOnTop(contacts.window.device())));
+        contacts.type("left ESC");
+        QVERIFY(!contacts.window.device().findChild<WidgetList *>());
+    }
+}
+
+void TestSimulatorScreens::digitsJumpToNames_data()
+{
+    QTest::addColumn<QByteArray>("keys");
+    QTest::addColumn<bool>("rightToLeft");
+    QTest::addColumn<QString>("beginning");
+    QTest::newRow("first letter of the key") << QByteArray("6") << false << "M";
+    QTest::newRow("second letter") << QByteArray("6 6") << false << "N";
+    QTest::newRow("around the letters") << QByteArray("6 6 6 6") << false << "M";
+    QTest::newRow("accent") << QByteArray("8 8") << false << QString::fromUtf8("Ü");
+    QTest::newRow("accent below the first of its letter") << QByteArray("3 3 up") << false << "Dario";
+    QTest::newRow("four letters") << QByteArray("9 9 9 9") << false << "Z";
+    QTest::newRow("no letter") << QByteArray("9 1") << false << "W";
+    QTest::newRow("right to left") << QByteArray("8") << true << QString::fromUtf8("ف");
+    QTest::newRow("right to left, hamza") << QByteArray("8 3") << true << QString::fromUtf8("أ");
+}
+
+void TestSimulatorScreens::digitsJumpToNames()
+{
+    QFETCH(QByteArray, keys);
+    QFETCH(bool, rightToLeft);
+    QFETCH(QString, beginning);
+    ContactsAtWork contacts("contacts", keys.constData(), KeyMode::Functions, rightToLeft);
+    QVERIFY2(contacts.title().startsWith(beginning), qPrintable(contacts.title()));
+}
+
+void TestSimulatorScreens::digitsAreDirectionsWhereTheyLeadThere()
+{
+    ContactsAtWork contacts("contacts", "8 8 2");
+    QCOMPARE(contacts.list->selectedRow(), 1);
+    contacts.type("9 5");
+    QCOMPARE(contacts.list->selectedRow(), 1);
+}
+
+void TestSimulatorScreens::heldKeyGoesThroughTheContacts()
+{
+    QFETCH(KeyMode, keyMode);
+    ContactsAtWork contacts("contacts", "", keyMode);
+    Device &device = contacts.window.device();
+    const int down = deviceKey(Qt::Key_Down, keyMode);
+    device.press(down);
+    for (int i = 0; i < 61; ++i)
+        device.repeat(down);
+    // It counts as held with the eleventh repeat, goes on by ten rows, and then by three at a time.
+    QCOMPARE(contacts.list->selectedRow(), 10 + 40 * 3);
+    device.release(down);
+    QCOMPARE(contacts.list->selectedRow(), 130);
+    QVERIFY(contacts.shows("131/1000"));
+
+    device.press(down);
+    for (int i = 0; i < 1000; ++i)
+        device.repeat(down);
+    device.release(down);
+    QCOMPARE(contacts.list->selectedRow(), 999);
+}
+
+void TestSimulatorScreens::positionFollowsTheKeys()
+{
+    ContactsAtWork contacts("contacts", "");
+    QVERIFY(contacts.shows("1/1000"));
+    contacts.type("down");
+    QVERIFY(contacts.shows("2/1000"));
+    contacts.type("up up");
+    QVERIFY(contacts.shows("1000/1000"));
+    contacts.type("OK ESC");
+    QVERIFY(contacts.shows("1000/1000"));
+}
+
+void TestSimulatorScreens::groupStaysChanged()
+{
+    ContactsAtWork contacts("more", "5 down");
+    const QString name = contacts.title();
+    const QString before = contacts.value();
+    contacts.type("right");
+    const QString changed = contacts.value();
+    QVERIFY(changed != before);
+
+    contacts.type("OK");
+    QVERIFY(contacts.shows(changed));
+    contacts.type("ESC");
+    QCOMPARE(contacts.title(), name);
+    QCOMPARE(contacts.value(), changed);
+
+    contacts.type("ESC");
+    QVERIFY(!contacts.list);
+    contacts.type("5 down");
+    QCOMPARE(contacts.title(), name);
+    QCOMPARE(contacts.value(), changed);
+    contacts.type("left");
+    QCOMPARE(contacts.value(), before);
+}
+
+void TestSimulatorScreens::contactOnTheSimCardStays()
+{
+    ContactsAtWork contacts("contacts", "down down");
+    QCOMPARE(contacts.value(), QString("SIM card"));
+    contacts.type("right left right");
+    QCOMPARE(contacts.value(), QString("SIM card"));
+    QVERIFY(contacts.shows("3/1000"));
+    contacts.type("OK");
+    QVERIFY(contacts.shows("SIM card"));
+    QVERIFY(contacts.shows("No group"));
+}
+
+void TestSimulatorScreens::contactWithoutNumberIsGivenOne()
+{
+    for (const char *key : {"OK ", "right "}) {
+        ContactsAtWork contacts("contacts", "down down down down down");
+        QCOMPARE(contacts.value(), QString("No number"));
+        contacts.type(key + QByteArray("0 5 5 5 wait:0 ESC"));
+        QCOMPARE(contacts.value(), QString("No number"));
+        contacts.type(key + QByteArray("0 5 5 5 OK"));
+        QVERIFY(contacts.value() != QString("No number"));
+        QVERIFY(!contacts.current().data(WidgetListView::TitleDimmedRole).toBool());
+        QCOMPARE(contacts.list->selectedRow(), 5);
+        contacts.type("OK");
+        QVERIFY(contacts.shows("0555"));
+    }
+}
+
+void TestSimulatorScreens::contactsBeginAnewWithTheDevice()
+{
+    ContactsAtWork contacts("contacts", "");
+    const QString before = contacts.value();
+    contacts.type("right");
+    QVERIFY(contacts.value() != before);
+    contacts.window.device().start("contacts");
+    contacts.type("");
+    QCOMPARE(contacts.value(), before);
 }
 
 int main(int argc, char *argv[])

@@ -21,6 +21,7 @@ struct Entry
 const Entry entries[] = {
     {"User guide", 1, "reader"},
     {"Memory", 3, "memory"},
+    {"Contacts", 5, "contacts"},
     {"Password", 7, "password"},
     {"Notes", 9, "notes"},
 };

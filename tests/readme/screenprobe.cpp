@@ -1,10 +1,16 @@
-// A plugin of the toolkit that works the first screen of README.md as a person would, inside the program as it was
-// built. Ends the program with status 1 where something else comes about than README.md says. Loaded with
-// QT_QPA_GENERIC_PLUGINS=screenprobe; SCREENPROBE_PICTURE names the PNG file that gets a picture of the screen.
+// A plugin of the toolkit that works a screen of README.md as a person would, inside the program as it was built. Ends
+// the program with status 1 where something else comes about than README.md says. Loaded with
+// QT_QPA_GENERIC_PLUGINS=screenprobe; SCREENPROBE_SCREEN says which screen it is: "screen", the first one, or the long
+// list, of "names" or with "roles". SCREENPROBE_PICTURE names the PNG file that gets a picture of the screen.
+
+#include "widgetlistview.h"
+
+#include <QAbstractItemView>
 
 #include <QApplication>
 #include <QFile>
 #include <QGenericPlugin>
+#include <QHash>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QTimer>
@@ -26,12 +32,24 @@ struct Step
     int key;
 };
 
-const std::vector<Step> steps = {
-    {QStringLiteral("Music Low"), Qt::Key_6},
-    {QStringLiteral("Music High"), Qt::Key_8},
-    {QStringLiteral("Phone Low"), Qt::Key_4},
-    {QStringLiteral("Phone High"), Qt::Key_2},
-    {QStringLiteral("Music High"), Qt::Key_Escape},
+const QHash<QString, std::vector<Step>> stepsOnScreens = {
+    {QStringLiteral("screen"),
+     {{QStringLiteral("Music Low"), Qt::Key_6},
+      {QStringLiteral("Music High"), Qt::Key_8},
+      {QStringLiteral("Phone Low"), Qt::Key_4},
+      {QStringLiteral("Phone High"), Qt::Key_2},
+      {QStringLiteral("Music High"), Qt::Key_Escape}}},
+    {QStringLiteral("names"),
+     {{QStringLiteral("Contact 1"), Qt::Key_8},
+      {QStringLiteral("Contact 2"), Qt::Key_2},
+      {QStringLiteral("Contact 1"), Qt::Key_2},
+      {QStringLiteral("Contact 1000"), Qt::Key_Escape}}},
+    {QStringLiteral("roles"),
+     {{QStringLiteral("Contact 1 Family"), Qt::Key_6},
+      {QStringLiteral("Contact 1 Friends"), Qt::Key_2},
+      {QStringLiteral("Contact 1000 Family"), Qt::Key_4},
+      {QStringLiteral("Contact 1000 Friends"), Qt::Key_8},
+      {QStringLiteral("Contact 1 Friends"), Qt::Key_Escape}}},
 };
 
 const char *const pictures[] = {"arrow_prev_focus", "arrow_next_focus", "arrow_prev_nor", "arrow_next_nor"};
@@ -39,7 +57,13 @@ const char *const pictures[] = {"arrow_prev_focus", "arrow_next_focus", "arrow_p
 QString focusedRow()
 {
     QStringList texts;
-    if (const QWidget *row = QApplication::focusWidget()) {
+    const QWidget *row = QApplication::focusWidget();
+    if (const QAbstractItemView *rows = row ? row->findChild<QAbstractItemView *>() : nullptr) {
+        const QModelIndex index = rows->currentIndex();
+        texts += index.data(WidgetListView::TitleRole).toString();
+        texts += index.data(WidgetListView::ValuesRole).toStringList().mid(
+            index.data(WidgetListView::ValueIndexRole).toInt(), 1);
+    } else if (row) {
         for (const QLabel *label : row->findChildren<QLabel *>()) {
             if (label->isVisible() && !label->text().isEmpty())
                 texts += label->text();
@@ -66,12 +90,16 @@ class ScreenProbe : public QObject
 {
 public:
     ScreenProbe()
+        : m_steps(stepsOnScreens.value(qEnvironmentVariable("SCREENPROBE_SCREEN")))
     {
+        if (m_steps.empty())
+            fail(QStringLiteral("There is no such screen."));
         QObject::connect(&m_timer, &QTimer::timeout, this, &ScreenProbe::look);
         m_timer.start(LookPeriod);
     }
 
 private:
+    const std::vector<Step> m_steps;
     QTimer m_timer;
     std::size_t m_step = 0;
     int m_looks = 0;
@@ -79,15 +107,15 @@ private:
     void look()
     {
         if (++m_looks > LongestWait / LookPeriod) {
-            fail(m_step == steps.size() ? QStringLiteral("The program does not end.")
-                                        : QStringLiteral("The row is \"%1\" in place of \"%2\".")
-                                                  .arg(focusedRow(), steps[m_step].row));
+            fail(m_step == m_steps.size() ? QStringLiteral("The program does not end.")
+                                          : QStringLiteral("The row is \"%1\" in place of \"%2\".")
+                                                    .arg(focusedRow(), m_steps[m_step].row));
         }
-        if (m_step == steps.size() || focusedRow() != steps[m_step].row)
+        if (m_step == m_steps.size() || focusedRow() != m_steps[m_step].row)
             return;
         if (m_step == 0)
             inspect(QApplication::focusWidget()->window());
-        work(steps[m_step++].key);
+        work(m_steps[m_step++].key);
     }
 
     void inspect(QWidget *screen)
