@@ -501,6 +501,8 @@ void TestSimulatorScreens::keysFollowTheWriting_data()
         {"main menu", "home", "right", "left", "Clock"},
         {"page", "reader", "right", "left", "2"},
         {"memory", "memory", "right", "left", "512"},
+        {"group", "contacts", "right OK", "left OK", "Family"},
+        {"number", "contacts", "down down down down down right 5", "down down down down down left 5", "5"},
     };
     for (const auto &way : ways) {
         for (const KeyMode mode : {KeyMode::Digits, KeyMode::Functions}) {

@@ -75,6 +75,7 @@ ContactsScreen::ContactsScreen(Device &device)
                           QStringLiteral("#F7CE86"));
     m_position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
+    m_mirrored = writesRightToLeft();
     m_enterOnOK = true;
     m_scrollOnHold = true;
     m_jumpToLetter = true;

@@ -8,11 +8,10 @@
 
 namespace {
 
-void paintArrow(QPainter *painter, const QRect &place, QPixmap *arrow, const QString &path)
+// In the row of \a option, from the side where its texts begin.
+QRect placed(const QRect &rect, const QStyleOptionViewItem &option)
 {
-    if (arrow->isNull())
-        *arrow = pictureFor(place.size(), path);
-    paintPicture(painter, place, *arrow);
+    return QStyle::visualRect(option.direction, option.rect, rect.translated(option.rect.topLeft()));
 }
 
 }
@@ -65,7 +64,7 @@ void RowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, c
     const bool focused = option.state & QStyle::State_HasFocus;
     const RowDress &dress = rowDress(focused);
     Pictures &pictures = m_pictures[focused];
-    const QPoint origin = option.rect.topLeft();
+    const bool mirrored = option.direction == Qt::RightToLeft;
     const int height = option.rect.height();
 
     FittedText &fittedTitle = m_fittedTitles[index.row() % FittedRows];
@@ -75,12 +74,12 @@ void RowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, c
         title = fittedTitle.fit(row.title, titleFont(row), titlePlace.width());
     painter->setFont(titleFont(row));
     painter->setPen(row.titleDimmed ? dress.dimmedColour : dress.titleColour);
-    paintText(painter, titlePlace.translated(origin), row.titleAlignment(), title);
+    paintText(painter, placed(titlePlace, option), row.titleAlignment(), title);
 
     if (row.look.hasBadge) {
         if (pictures.badge.isNull())
             pictures.badge = QPixmap(dress.badgePicture);
-        const QRect place = RowLook::badgeRect().translated(origin);
+        const QRect place = placed(RowLook::badgeRect(), option);
         painter->drawTiledPixmap(place, pictures.badge);
         painter->setFont(m_badgeFont);
         painter->setPen(dress.badgeColour);
@@ -95,15 +94,24 @@ void RowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, c
         FittedText &fittedValue = m_fittedValues[index.row() % FittedRows];
         painter->setFont(m_valueFont);
         painter->setPen(row.valueDimmed ? dress.dimmedColour : dress.valueColour);
-        paintText(painter, place.translated(origin),
+        paintText(painter, placed(place, option),
                   onSharedLine ? ValueAlignmentOnSharedLine : ValueAlignment,
                   fittedValue.fit(row.value, m_valueFont, place.width()));
     }
 
     if (row.look.modifiable && row.look.hasPrevArrow())
-        paintArrow(painter, RowLook::prevArrowRect(height).translated(origin), &pictures.prevArrow, dress.prevArrowPicture);
+        paintArrow(painter, placed(RowLook::prevArrowRect(height), option), !mirrored, focused);
     if (row.look.modifiable && row.look.hasNextArrow())
-        paintArrow(painter, RowLook::nextArrowRect(height).translated(origin), &pictures.nextArrow, dress.nextArrowPicture);
+        paintArrow(painter, placed(RowLook::nextArrowRect(height), option), mirrored, focused);
+}
+
+void RowDelegate::paintArrow(QPainter *painter, const QRect &place, bool pointsLeft, bool focused) const
+{
+    const RowDress &dress = rowDress(focused);
+    QPixmap &arrow = pointsLeft ? m_pictures[focused].prevArrow : m_pictures[focused].nextArrow;
+    if (arrow.isNull())
+        arrow = pictureFor(place.size(), pointsLeft ? dress.prevArrowPicture : dress.nextArrowPicture);
+    paintPicture(painter, place, arrow);
 }
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const

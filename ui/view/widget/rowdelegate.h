@@ -9,7 +9,7 @@
 struct ModelRow;
 
 /// Paints the rows of a WidgetListView as a WidgetListItem shows them, on a background that is there already. A row that
-/// has the focus is told by QStyle::State_HasFocus.
+/// has the focus is told by QStyle::State_HasFocus, a mirrored one by its direction.
 class RowDelegate : public QAbstractItemDelegate
 {
 public:
@@ -40,6 +40,7 @@ private:
 
     const QFont &titleFont(const ModelRow &row) const;
     QRect titleRect(const ModelRow &row, FittedText *fittedTitle) const;
+    void paintArrow(QPainter *painter, const QRect &place, bool pointsLeft, bool focused) const;
 
     QFont m_titleFont;
     QFont m_titleFontAboveValue;

@@ -362,6 +362,7 @@ void RowView::paintEvent(QPaintEvent *event)
     const int end = placeCount();
     QPainter painter(viewport());
     QStyleOptionViewItem option;
+    option.direction = static_cast<WidgetListView *>(parentWidget())->m_mirrored ? Qt::RightToLeft : Qt::LeftToRight;
     int place = (event->rect().top() + m_offset) / m_rowHeight;
     option.rect = rectOfPlace(place);
     for (; place < end && option.rect.top() <= event->rect().bottom(); ++place) {

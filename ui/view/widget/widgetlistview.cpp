@@ -47,6 +47,7 @@ WidgetListView::WidgetListView(QWidget *parent, SoundManager *soundManager)
       m_enterOnOK(false),
       m_scrollOnHold(false),
       m_jumpToLetter(false),
+      m_mirrored(false),
       m_title(new ListTitle(this)),
       m_view(new RowView(this)),
       m_noFocusRows(0),
@@ -251,6 +252,16 @@ void WidgetListView::keyReleaseEvent(QKeyEvent *event)
     }
 }
 
+bool WidgetListView::isPrevKey(int key)
+{
+    return m_mirrored ? isRightKey(key) : isLeftKey(key);
+}
+
+bool WidgetListView::isNextKey(int key)
+{
+    return m_mirrored ? isLeftKey(key) : isRightKey(key);
+}
+
 bool WidgetListView::releaseOnRow(QKeyEvent *event)
 {
     // Whether the key is used up. The list gets all others as well.
@@ -263,7 +274,7 @@ bool WidgetListView::releaseOnRow(QKeyEvent *event)
         emit doEnter(index.row());
         return true;
     }
-    if (!isLeftKey(key) && !isRightKey(key))
+    if (!isPrevKey(key) && !isNextKey(key))
         return false;
 
     const ModelRow row(index);
@@ -272,10 +283,10 @@ bool WidgetListView::releaseOnRow(QKeyEvent *event)
         return true;
     }
     if (row.look.hasSeveralValues) {
-        stepValue(index, row, isLeftKey(key) ? -1 : +1);
+        stepValue(index, row, isPrevKey(key) ? -1 : +1);
         return true;
     }
-    if (isRightKey(key) && row.look.moreDepth) {
+    if (isNextKey(key) && row.look.moreDepth) {
         const QPointer<WidgetListView> list(this);
         event->ignore();
         click();

@@ -107,6 +107,11 @@ public:
     /// by the application; false at first.
     bool m_jumpToLetter;
 
+    /// If set, each row is its own mirror image, as texts written from right to left need it: the parts stand on the other
+    /// side, the arrows point the other way, and the left and the right key change places with them. Set by the
+    /// application before the list is shown; false at first.
+    bool m_mirrored;
+
     /// A list without a model.
     WidgetListView(QWidget *parent, SoundManager *soundManager);
 
@@ -211,6 +216,8 @@ private:
     void scrollOn(int direction);
     void releaseDirection(QKeyEvent *event, int direction);
     bool releaseOnRow(QKeyEvent *event);
+    bool isPrevKey(int key);
+    bool isNextKey(int key);
     void stepValue(const QModelIndex &index, const ModelRow &row, int direction);
     void releaseDigit(QKeyEvent *event);
     int rowWithBadge(int digit) const;
