@@ -297,6 +297,7 @@ private slots:
     void whatIsPaintedInPartsLooksAsPaintedAtOnce();
     void aSheetOfTheApplicationDoesNotReachTheRows();
     void dimmedTextsArePaleWithAndWithoutTheFocus();
+    void aMirroredListHasItsPartsOnTheOtherSide();
 
 private:
     void compare(const QImage &widgets, const QImage &view);
@@ -589,6 +590,26 @@ void TestWidgetListViewPictures::dimmedTextsArePaleWithAndWithoutTheFocus()
         QVERIFY2(dimmedValue > value + 40, key);
         QCOMPARE(dimmedTitle, dimmedValue);
     }
+}
+
+void TestWidgetListViewPictures::aMirroredListHasItsPartsOnTheOtherSide()
+{
+    // Two rows, which have the whole width, with arrows and nothing that could be read.
+    QList<Row> rows = RowsModel::titled(QStringList{QString(), QString()});
+    rows[0].moreDepth = true;
+    rows[1].deletable = true;
+    QImage pictures[2];
+    for (bool mirrored : {false, true}) {
+        RowsModel model(rows);
+        WidgetListView list(nullptr, nullptr);
+        list.resize(220, 176);
+        list.setModel(&model);
+        list.m_mirrored = mirrored;
+        list.show();
+        pictures[mirrored] = list.grab().toImage();
+    }
+    QVERIFY(pictures[1] != pictures[0]);
+    QCOMPARE(pictures[1], pictures[0].mirrored(true, false));
 }
 
 int main(int argc, char **argv)

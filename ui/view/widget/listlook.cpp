@@ -5,6 +5,7 @@
 // As texts, for the sheets.
 #define DARK_TEXT "#1F1618"
 #define PALE_TEXT "#594B4F"
+#define DIMMED_TEXT "#8C8282"
 #define ROW "#F8F7F6"
 #define SELECTED_ROW "#F7CE86"
 #define SCROLL_GROOVE "#a8a1a2"
@@ -151,7 +152,7 @@ RowDress::RowDress(const char *title, const char *badge, const char *prevArrow, 
       badgeColour(QLatin1String("#FFFFFF")),
       // Only the title pales: values keep the dark colour with and without the focus.
       valueColour(QLatin1String(DARK_TEXT)),
-      dimmedColour(QLatin1String(SCROLL_GROOVE)),
+      dimmedColour(QLatin1String(DIMMED_TEXT)),
       badgePicture(QLatin1String(badge)),
       prevArrowPicture(QLatin1String(prevArrow)),
       nextArrowPicture(QLatin1String(nextArrow)),
