@@ -178,7 +178,8 @@ void RowView::setRowHeight(int height)
 
 int RowView::rowsInView() const
 {
-    return qMax(viewport()->height() / m_rowHeight, 1);
+    // The viewport has this height too, but not before the view is first shown.
+    return qMax(height() / m_rowHeight, 1);
 }
 
 QModelIndex RowView::seenCurrentIndex() const
@@ -190,7 +191,7 @@ QModelIndex RowView::seenCurrentIndex() const
 int RowView::rowInView(int number) const
 {
     const int place = m_offset / m_rowHeight + number;
-    return place < placeCount() && place * m_rowHeight < m_offset + viewport()->height() ? rowAt(place) : -1;
+    return place < placeCount() && place * m_rowHeight < m_offset + height() ? rowAt(place) : -1;
 }
 
 int RowView::rowAwayFrom(int row, int rows) const
@@ -305,7 +306,7 @@ void RowView::scrollTo(const QModelIndex &index, ScrollHint)
     const int place = placeOf(index.row());
     if (rect.top() < 0)
         verticalScrollBar()->setValue(place);
-    else if (rect.bottom() >= viewport()->height())
+    else if (rect.bottom() >= height())
         verticalScrollBar()->setValue(place - rowsInView() + 1);
 }
 
@@ -329,7 +330,7 @@ void RowView::updateOffset()
 {
     const int value = verticalScrollBar()->value();
     const bool atEnd = value == verticalScrollBar()->maximum();
-    m_offset = atEnd ? qMax(placeCount() * m_rowHeight - viewport()->height(), 0) : value * m_rowHeight;
+    m_offset = atEnd ? qMax(placeCount() * m_rowHeight - height(), 0) : value * m_rowHeight;
 }
 
 void RowView::scrollContentsBy(int, int)
@@ -377,7 +378,7 @@ void RowView::paintEvent(QPaintEvent *event)
         option.rect.translate(0, m_rowHeight);
     }
     // What is below the rows.
-    painter.fillRect(event->rect() & QRect(0, option.rect.top(), viewport()->width(), viewport()->height()), evenColour);
+    painter.fillRect(event->rect() & QRect(0, option.rect.top(), viewport()->width(), height()), evenColour);
 }
 
 void RowView::updateMarquee()
