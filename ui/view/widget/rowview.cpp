@@ -88,6 +88,8 @@ void RowView::setModel(QAbstractItemModel *model)
         disconnect(oldModel, 0, this, SLOT(takeRows()));
     if (oldModel)
         disconnect(oldModel, 0, this, SLOT(takeData(QModelIndex,QModelIndex)));
+    m_hiddenRows.clear();
+    m_index = QModelIndex();
     QAbstractItemView::setModel(model);
     if (oldSelection)
         oldSelection->deleteLater();
@@ -96,6 +98,9 @@ void RowView::setModel(QAbstractItemModel *model)
         connect(model, SIGNAL(rowsInserted(QModelIndex,int,int)), this, SLOT(takeRows()));
         connect(model, SIGNAL(rowsRemoved(QModelIndex,int,int)), this, SLOT(takeRows()));
         connect(model, SIGNAL(rowsMoved(QModelIndex,int,int,QModelIndex,int)), this, SLOT(takeRows()));
+        connect(model, SIGNAL(columnsInserted(QModelIndex,int,int)), this, SLOT(takeRows()));
+        connect(model, SIGNAL(columnsRemoved(QModelIndex,int,int)), this, SLOT(takeRows()));
+        connect(model, SIGNAL(columnsMoved(QModelIndex,int,int,QModelIndex,int)), this, SLOT(takeRows()));
         connect(model, SIGNAL(layoutChanged()), this, SLOT(takeRows()));
         connect(model, SIGNAL(modelReset()), this, SLOT(takeRows()));
         connect(model, SIGNAL(dataChanged(QModelIndex,QModelIndex)), this, SLOT(takeData(QModelIndex,QModelIndex)));
@@ -106,7 +111,7 @@ void RowView::setModel(QAbstractItemModel *model)
 
 int RowView::count() const
 {
-    return model() ? model()->rowCount() : 0;
+    return model() && model()->columnCount() > 0 ? model()->rowCount() : 0;
 }
 
 int RowView::row() const
@@ -133,6 +138,7 @@ void RowView::setRow(int row)
 
 void RowView::setFirstRow()
 {
+    forgetRow();
     m_row = 0;
     takeRows();
 }
@@ -162,6 +168,10 @@ void RowView::setRowHidden(int row, bool hidden)
         m_hiddenRows.insert(hiddenAbove, model()->index(row, 0));
     else
         m_hiddenRows.removeAt(hiddenAbove);
+    if (!isRowHidden(currentIndex().row())) {
+        settle();
+        return;
+    }
     updateGeometries();
     updateMarquee();
     viewport()->update();
@@ -195,7 +205,10 @@ int RowView::rowInView(int number) const
 
 int RowView::rowAwayFrom(int row, int rows) const
 {
-    const int place = placeOf(row) + rows;
+    int place = placeOf(row) + rows;
+    // The first row below one that is hidden has its place already.
+    if (rows > 0 && isRowHidden(row))
+        --place;
     return placeCount() > 0 ? rowAt(qBound(0, place, placeCount() - 1)) : row;
 }
 
@@ -244,7 +257,11 @@ void RowView::takeRows()
             m_hiddenRows.removeAt(i);
     }
     std::sort(m_hiddenRows.begin(), m_hiddenRows.end(), isAboveOther);
+    settle();
+}
 
+void RowView::settle()
+{
     const int rowsAbove = m_rowsAbove;
     updateGeometries();
     if (m_row >= 0 && placeCount() > 0) {
