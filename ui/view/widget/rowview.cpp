@@ -277,6 +277,14 @@ void RowView::settle()
 
 void RowView::takeData(const QModelIndex &topLeft, const QModelIndex &bottomRight)
 {
+    // A model may also take an item out of its row and call that a change of data.
+    bool allValid = m_row < 0 || m_index.isValid();
+    for (int i = 0; i < m_hiddenRows.size() && allValid; ++i)
+        allValid = m_hiddenRows.at(i).isValid();
+    if (!allValid) {
+        takeRows();
+        return;
+    }
     const int row = currentIndex().row();
     if (row >= topLeft.row() && row <= bottomRight.row())
         updateMarquee();
@@ -289,8 +297,9 @@ void RowView::fetchRowsNear()
     m_fetching = true;
     for (;;) {
         const int rows = count();
-        const int wanted = qMax(rowAt(verticalScrollBar()->value()), currentIndex().row()) + 2 * rowsInView();
-        if (wanted < rows || !model() || !model()->canFetchMore(QModelIndex()))
+        // Hidden rows fill no view.
+        const int wanted = qMax(verticalScrollBar()->value(), placeOf(currentIndex().row())) + 2 * rowsInView();
+        if (wanted < placeCount() || !model() || !model()->canFetchMore(QModelIndex()))
             break;
         model()->fetchMore(QModelIndex());
         // They may also come later.
