@@ -33,10 +33,9 @@ int rowOfPageBeside(int row, int direction, int rowsPerPage, int count, bool *co
 
 int valueBeside(int index, int direction, int count)
 {
-    const int value = index + direction;
-    if (direction < 0 && value < 0)
+    if (direction < 0 && index <= 0)
         return count - 1;
-    if (direction > 0 && value >= count)
+    if (direction > 0 && index >= count - 1)
         return 0;
-    return value;
+    return index + direction;
 }

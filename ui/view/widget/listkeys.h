@@ -17,7 +17,7 @@ bool holdsLongEnough(const QKeyEvent *event, bool *longPressed, int *repeatCount
 template <typename Rows>
 int rowBeside(const Rows *rows, int row, int direction, int count)
 {
-    int candidate = row;
+    int candidate = qBound(-1, row, count);
     for (int step = 0; step < count; ++step) {
         candidate += direction;
         if (candidate < 0 || candidate >= count)

@@ -88,6 +88,8 @@ void RowView::setModel(QAbstractItemModel *model)
         disconnect(oldModel, 0, this, SLOT(takeRows()));
     if (oldModel)
         disconnect(oldModel, 0, this, SLOT(takeData(QModelIndex,QModelIndex)));
+    m_hiddenRows.clear();
+    m_index = QModelIndex();
     QAbstractItemView::setModel(model);
     if (oldSelection)
         oldSelection->deleteLater();
@@ -96,6 +98,9 @@ void RowView::setModel(QAbstractItemModel *model)
         connect(model, SIGNAL(rowsInserted(QModelIndex,int,int)), this, SLOT(takeRows()));
         connect(model, SIGNAL(rowsRemoved(QModelIndex,int,int)), this, SLOT(takeRows()));
         connect(model, SIGNAL(rowsMoved(QModelIndex,int,int,QModelIndex,int)), this, SLOT(takeRows()));
+        connect(model, SIGNAL(columnsInserted(QModelIndex,int,int)), this, SLOT(takeRows()));
+        connect(model, SIGNAL(columnsRemoved(QModelIndex,int,int)), this, SLOT(takeRows()));
+        connect(model, SIGNAL(columnsMoved(QModelIndex,int,int,QModelIndex,int)), this, SLOT(takeRows()));
         connect(model, SIGNAL(layoutChanged()), this, SLOT(takeRows()));
         connect(model, SIGNAL(modelReset()), this, SLOT(takeRows()));
         connect(model, SIGNAL(dataChanged(QModelIndex,QModelIndex)), this, SLOT(takeData(QModelIndex,QModelIndex)));
@@ -106,7 +111,7 @@ void RowView::setModel(QAbstractItemModel *model)
 
 int RowView::count() const
 {
-    return model() ? model()->rowCount() : 0;
+    return model() && model()->columnCount() > 0 ? model()->rowCount() : 0;
 }
 
 int RowView::row() const
@@ -133,6 +138,7 @@ void RowView::setRow(int row)
 
 void RowView::setFirstRow()
 {
+    forgetRow();
     m_row = 0;
     takeRows();
 }
@@ -162,6 +168,10 @@ void RowView::setRowHidden(int row, bool hidden)
         m_hiddenRows.insert(hiddenAbove, model()->index(row, 0));
     else
         m_hiddenRows.removeAt(hiddenAbove);
+    if (!isRowHidden(currentIndex().row())) {
+        settle();
+        return;
+    }
     updateGeometries();
     updateMarquee();
     viewport()->update();
@@ -196,7 +206,10 @@ int RowView::rowInView(int number) const
 
 int RowView::rowAwayFrom(int row, int rows) const
 {
-    const int place = placeOf(row) + rows;
+    int place = placeOf(row) + rows;
+    // The first row below one that is hidden has its place already.
+    if (rows > 0 && isRowHidden(row))
+        --place;
     return placeCount() > 0 ? rowAt(qBound(0, place, placeCount() - 1)) : row;
 }
 
@@ -245,7 +258,11 @@ void RowView::takeRows()
             m_hiddenRows.removeAt(i);
     }
     std::sort(m_hiddenRows.begin(), m_hiddenRows.end(), isAboveOther);
+    settle();
+}
 
+void RowView::settle()
+{
     const int rowsAbove = m_rowsAbove;
     updateGeometries();
     if (m_row >= 0 && placeCount() > 0) {
@@ -261,6 +278,14 @@ void RowView::takeRows()
 
 void RowView::takeData(const QModelIndex &topLeft, const QModelIndex &bottomRight)
 {
+    // A model may also take an item out of its row and call that a change of data.
+    bool allValid = m_row < 0 || m_index.isValid();
+    for (int i = 0; i < m_hiddenRows.size() && allValid; ++i)
+        allValid = m_hiddenRows.at(i).isValid();
+    if (!allValid) {
+        takeRows();
+        return;
+    }
     const int row = currentIndex().row();
     if (row >= topLeft.row() && row <= bottomRight.row())
         updateMarquee();
@@ -273,8 +298,9 @@ void RowView::fetchRowsNear()
     m_fetching = true;
     for (;;) {
         const int rows = count();
-        const int wanted = qMax(rowAt(verticalScrollBar()->value()), currentIndex().row()) + 2 * rowsInView();
-        if (wanted < rows || !model() || !model()->canFetchMore(QModelIndex()))
+        // Hidden rows fill no view.
+        const int wanted = qMax(verticalScrollBar()->value(), placeOf(currentIndex().row())) + 2 * rowsInView();
+        if (wanted < placeCount() || !model() || !model()->canFetchMore(QModelIndex()))
             break;
         model()->fetchMore(QModelIndex());
         // They may also come later.

@@ -36,7 +36,7 @@ public:
     /// Makes \a row current and scrolls to it. A row that does not exist is ignored.
     void setRow(int row);
 
-    /// Makes the first row current, or the first that comes where there is none yet.
+    /// Makes the first row current that is not hidden, or the first that comes where there is none yet.
     void setFirstRow();
 
     /// No row is current from now on, however the model changes.
@@ -56,7 +56,8 @@ public:
     /// The row \a number of those in view, from the top; -1 if there are not so many.
     int rowInView(int number) const;
 
-    /// The row that is \a rows away from \a row, hidden ones not counted, or the last one in this direction.
+    /// The row that is \a rows away from \a row, which may be hidden itself, hidden ones not counted, or the last one in
+    /// this direction.
     int rowAwayFrom(int row, int rows) const;
 
     /// Has no row highlighted, every second one in another colour, and no title scroll.
@@ -97,6 +98,7 @@ private:
     int rowAt(int place) const;
     QRect rectOfPlace(int place) const;
 
+    void settle();
     void updateOffset();
     void fetchRowsNear();
     void updateMarquee();

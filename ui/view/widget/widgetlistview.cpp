@@ -146,9 +146,10 @@ int WidgetListView::rowFrom(int row, int direction)
 
 void WidgetListView::setKeyLetters(int key, QString letters)
 {
-    if (rejectsIndex(SourcePath, "setKeyLetters", key - Qt::Key_0, 10))
-        return;
-    m_keyLetters.insert(key, letters);
+    if (key < Qt::Key_0 || key > Qt::Key_9)
+        rejectIndex(SourcePath, "setKeyLetters", key);
+    else
+        m_keyLetters.insert(key, letters);
 }
 
 void WidgetListView::setInitialFocus()
@@ -165,9 +166,10 @@ void WidgetListView::setLastFocus()
 void WidgetListView::showEvent(QShowEvent *)
 {
     if (m_view->row() == -1)
-        setInitialFocus();
+        m_view->setFirstRow();
     else
         m_view->takeRows();
+    setFocus(Qt::OtherFocusReason);
     HeldKey *keys[] = {&m_upKey, &m_downKey};
     for (int i = 0; i < 2; ++i) {
         keys[i]->longPressed = false;
@@ -357,6 +359,8 @@ void WidgetListView::releaseDigit(QKeyEvent *event)
         event->ignore();
         return;
     }
+    // The row in focus may have handed it on as the right key.
+    event->accept();
     const QPointer<WidgetListView> list(this);
     if (model()->index(row, 0).data(MoreDepthRole).toBool())
         emit doEnter(row);

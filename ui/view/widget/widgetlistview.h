@@ -55,9 +55,10 @@ struct ModelRow;
 /// finished(); up and down that are held are reported by signals instead of moving the focus. Keys act when they are
 /// released.
 ///
-/// A digit key that is not a direction selects the row with its badge, one in view before all others: doEnter() is
-/// emitted if the row leads deeper, or else a log line written; the focus stays. A digit without a row is handed on. To
-/// find that out, the list asks the model for the badges of all its rows. With m_jumpToLetter a digit key jumps instead.
+/// A digit key that is not up or down, nor used by the row in focus as left or right, selects the row with its badge, one
+/// in view before all others, but none that is hidden: doEnter() is emitted if the row leads deeper, or else a log line
+/// written; the click follows, and the focus stays. A digit without a row is handed on. To find that out, the list asks the
+/// model for the badges of all its rows. With m_jumpToLetter a digit key jumps instead.
 ///
 /// The model may change at any time, also in a slot of the list's signals and while a key is held. The row in focus
 /// stays the same as long as its item exists, and where it can it stays in the same place of the screen. Where the item is
@@ -115,8 +116,8 @@ public:
     /// A list without a model.
     WidgetListView(QWidget *parent, SoundManager *soundManager);
 
-    /// Shows the rows of \a model, which the application owns and may delete at any time; null: no rows. Rows that were
-    /// hidden are forgotten.
+    /// Shows the rows of \a model, which the application owns and may delete at any time; null: no rows. It is forgotten
+    /// which rows were hidden. The model that the list has already changes nothing.
     void setModel(QAbstractItemModel *model);
     QAbstractItemModel *model() const;
 
@@ -141,7 +142,8 @@ public:
     /// is no way back.
     void setNoFocusStyle(int rowsPerPage);
 
-    /// Hides or shows \a row. A row that is hidden with the focus keeps it unseen: up and down go on from it, other keys
+    /// Hides or shows \a row. The row in focus stays where it is on the screen, where it can. Hidden itself it keeps the
+    /// focus unseen: up and down go on from it, other keys
     /// find no row, and if it is shown again it has the focus. When the model changes the nearest row has it. A row that
     /// does not exist is ignored with a log line.
     void hideItem(int row);
