@@ -8,7 +8,6 @@ ModelRow::ModelRow(const QModelIndex &index)
     : title(index.data(WidgetListView::TitleRole).toString()),
       values(index.data(WidgetListView::ValuesRole).toStringList()),
       valueIndex(0),
-      badge(index.data(WidgetListView::BadgeRole).toString()),
       titleDimmed(index.data(WidgetListView::TitleDimmedRole).toBool()),
       valueDimmed(false)
 {
@@ -25,7 +24,9 @@ ModelRow::ModelRow(const QModelIndex &index)
         valueDimmed = index.data(WidgetListView::ValueDimmedRole).toBool();
     const QVariant modifiable = index.data(WidgetListView::ModifiableRole);
     look.modifiable = !modifiable.isValid() || modifiable.toBool();
-    look.hasBadge = !badge.isEmpty();
+    const int number = index.data(WidgetListView::BadgeRole).toInt(&look.hasBadge);
+    look.hasBadge &= number >= 0;
+    badge = QString::number(number);
     look.hasSeveralValues = values.size() >= 2;
     look.valueOnRightSide = index.data(WidgetListView::ValueOnRightSideRole).toBool();
     look.moreDepth = index.data(WidgetListView::MoreDepthRole).toBool();

@@ -7,6 +7,7 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionViewItem>
@@ -106,7 +107,8 @@ void RowView::setModel(QAbstractItemModel *model)
         connect(model, SIGNAL(dataChanged(QModelIndex,QModelIndex)), this, SLOT(takeData(QModelIndex,QModelIndex)));
         connect(model, SIGNAL(destroyed()), this, SLOT(takeRows()));
     }
-    takeRows();
+    settle();
+    fetchRowsNear();
 }
 
 int RowView::count() const
@@ -123,6 +125,12 @@ void RowView::setRow(int row)
 {
     if (row < 0 || row >= count())
         return;
+    makeCurrent(row);
+    fetchRowsNear();
+}
+
+void RowView::makeCurrent(int row)
+{
     const QModelIndex index = model()->index(row, 0);
     if (index != currentIndex())
         stopMarquee();
@@ -133,14 +141,14 @@ void RowView::setRow(int row)
     scrollTo(index);
     m_rowsAbove = placeOf(row) - verticalScrollBar()->value();
     updateMarquee();
-    fetchRowsNear();
 }
 
 void RowView::setFirstRow()
 {
     forgetRow();
     m_row = 0;
-    takeRows();
+    settle();
+    fetchRowsNear();
 }
 
 void RowView::forgetRow()
@@ -170,6 +178,7 @@ void RowView::setRowHidden(int row, bool hidden)
         m_hiddenRows.removeAt(hiddenAbove);
     if (!isRowHidden(currentIndex().row())) {
         settle();
+        fetchRowsNear();
         return;
     }
     updateGeometries();
@@ -180,10 +189,8 @@ void RowView::setRowHidden(int row, bool hidden)
 void RowView::setRowHeight(int height)
 {
     m_rowHeight = height;
-    updateGeometries();
-    if (currentIndex().isValid())
-        scrollTo(currentIndex());
-    viewport()->update();
+    settle();
+    fetchRowsNear();
 }
 
 int RowView::rowsInView() const
@@ -201,7 +208,7 @@ QModelIndex RowView::seenCurrentIndex() const
 int RowView::rowInView(int number) const
 {
     const int place = m_offset / m_rowHeight + number;
-    return place < placeCount() && place * m_rowHeight < m_offset + height() ? rowAt(place) : -1;
+    return place < placeCount() && rectOfPlace(place).top() < height() ? rowAt(place) : -1;
 }
 
 int RowView::rowAwayFrom(int row, int rows) const
@@ -259,6 +266,9 @@ void RowView::takeRows()
     }
     std::sort(m_hiddenRows.begin(), m_hiddenRows.end(), isAboveOther);
     settle();
+    // Later, because the model is still telling others of its change.
+    if (!m_fetching && model() && model()->canFetchMore(QModelIndex()))
+        QMetaObject::invokeMethod(this, "fetchRowsNear", Qt::QueuedConnection);
 }
 
 void RowView::settle()
@@ -268,12 +278,19 @@ void RowView::settle()
     if (m_row >= 0 && placeCount() > 0) {
         if (m_index.isValid())
             verticalScrollBar()->setValue(placeOf(m_index.row()) - rowsAbove);
-        const int row = m_index.isValid() ? m_index.row() : currentIndex().isValid() ? currentIndex().row() : m_row;
-        setRow(rowAwayFrom(qMin(row, count() - 1), 0));
+        const int row = m_index.isValid() ? m_index.row() : qMin(m_row, count() - 1);
+        makeCurrent(rowAwayFrom(row, 0));
     }
     updateMarquee();
     viewport()->update();
-    fetchRowsNear();
+}
+
+void RowView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
+{
+    // What moves up into the place of the row is nearest, and not what the toolkit makes current.
+    if (!parent.isValid() && m_row >= start && m_row <= end)
+        m_row = start;
+    QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
 }
 
 void RowView::takeData(const QModelIndex &topLeft, const QModelIndex &bottomRight)
@@ -295,6 +312,8 @@ void RowView::fetchRowsNear()
 {
     if (m_fetching || !isVisible())
         return;
+    // What a model does here may end in the deletion of the list.
+    const QPointer<RowView> view(this);
     m_fetching = true;
     for (;;) {
         const int rows = count();
@@ -303,6 +322,8 @@ void RowView::fetchRowsNear()
         if (wanted < placeCount() || !model() || !model()->canFetchMore(QModelIndex()))
             break;
         model()->fetchMore(QModelIndex());
+        if (!view)
+            return;
         // They may also come later.
         if (count() <= rows)
             break;

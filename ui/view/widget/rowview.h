@@ -48,6 +48,7 @@ public:
     bool isRowHidden(int row) const;
     void setRowHidden(int row, bool hidden);
 
+    /// At least 1, and at most the height of the view.
     void setRowHeight(int height);
 
     /// How many rows have room in the view, at least 1.
@@ -88,8 +89,12 @@ public Q_SLOTS:
     /// Takes over what has become of the rows.
     void takeRows();
 
+protected Q_SLOTS:
+    virtual void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end);
+
 private Q_SLOTS:
     void takeData(const QModelIndex &topLeft, const QModelIndex &bottomRight);
+    void fetchRowsNear();
 
 private:
     // A place is the number of a row among those that are not hidden.
@@ -98,9 +103,9 @@ private:
     int rowAt(int place) const;
     QRect rectOfPlace(int place) const;
 
+    void makeCurrent(int row);
     void settle();
     void updateOffset();
-    void fetchRowsNear();
     void updateMarquee();
     void stopMarquee();
 

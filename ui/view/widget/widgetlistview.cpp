@@ -68,7 +68,7 @@ QAbstractItemModel *WidgetListView::model() const
 
 void WidgetListView::setRowHeight(int h)
 {
-    m_view->setRowHeight(qMax(h, 1));
+    m_view->setRowHeight(qBound(1, h, RowsRect.height()));
 }
 
 void WidgetListView::setTitle(QString text, bool defaultFont)
@@ -115,8 +115,10 @@ void WidgetListView::setFocusAtItem(int row)
 {
     if (rejectsIndex(SourcePath, "setFocusAtItem", row, m_view->count()))
         return;
+    const QPointer<WidgetListView> list(this);
     m_view->setRow(row);
-    setFocus(Qt::OtherFocusReason);
+    if (list)
+        setFocus(Qt::OtherFocusReason);
 }
 
 int WidgetListView::selectedRow() const
@@ -154,8 +156,10 @@ void WidgetListView::setKeyLetters(int key, QString letters)
 
 void WidgetListView::setInitialFocus()
 {
+    const QPointer<WidgetListView> list(this);
     m_view->setFirstRow();
-    setFocus(Qt::OtherFocusReason);
+    if (list)
+        setFocus(Qt::OtherFocusReason);
 }
 
 void WidgetListView::setLastFocus()
@@ -165,17 +169,18 @@ void WidgetListView::setLastFocus()
 
 void WidgetListView::showEvent(QShowEvent *)
 {
-    if (m_view->row() == -1)
-        m_view->setFirstRow();
-    else
-        m_view->takeRows();
-    setFocus(Qt::OtherFocusReason);
     HeldKey *keys[] = {&m_upKey, &m_downKey};
     for (int i = 0; i < 2; ++i) {
         keys[i]->longPressed = false;
         keys[i]->repeatCount = 0;
     }
     m_letterKey = 0;
+    if (m_view->row() == -1) {
+        setInitialFocus();
+    } else {
+        m_view->takeRows();
+        setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void WidgetListView::hideEvent(QHideEvent *)
@@ -218,13 +223,11 @@ void WidgetListView::scrollOn(int direction)
     if (row == -1)
         return;
     HeldKey &key = direction < 0 ? m_upKey : m_downKey;
+    const bool byPages = ++key.scrollCount > RowsBeforePages;
     if (m_noFocusRows > 0)
         m_view->setRow(rowFrom(row, direction));
-    else if (key.scrollCount < RowsBeforePages)
-        m_view->setRow(m_view->rowAwayFrom(row, direction));
     else
-        m_view->setRow(m_view->rowAwayFrom(row, direction * m_view->rowsInView()));
-    ++key.scrollCount;
+        m_view->setRow(m_view->rowAwayFrom(row, direction * (byPages ? m_view->rowsInView() : 1)));
 }
 
 void WidgetListView::keyReleaseEvent(QKeyEvent *event)
@@ -348,9 +351,11 @@ void WidgetListView::releaseDigit(QKeyEvent *event)
             event->ignore();
             return;
         }
+        const QPointer<WidgetListView> list(this);
         m_letterKey = key;
         m_view->setRow(row);
-        click();
+        if (list)
+            click();
         return;
     }
 

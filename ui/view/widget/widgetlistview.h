@@ -33,7 +33,7 @@ struct ModelRow;
 /// | ValueRole            | QString     | the value, where the application sets it          | the row has no value            |
 /// | ValuesRole           | QStringList | the values that left and right step through       | empty: ValueRole counts         |
 /// | ValueIndexRole       | int         | which of them is current; the list sets it        | 0                               |
-/// | BadgeRole            | int         | the digit (0 to 9) that selects the row, shown in its corner | no badge             |
+/// | BadgeRole            | int         | the digit (0 to 9) that selects the row, shown in its corner | below 0: no badge    |
 /// | MoreDepthRole        | bool        | the row leads deeper                              | false                           |
 /// | ModifiableRole       | bool        | left and right change the value                   | true                            |
 /// | DeletableRole        | bool        | the left arrow is shown also for a single value   | false                           |
@@ -121,7 +121,7 @@ public:
     void setModel(QAbstractItemModel *model);
     QAbstractItemModel *model() const;
 
-    /// Makes every row \a h pixels high, 46 at first; less than 1 counts as 1.
+    /// Makes every row \a h pixels high, 46 at first; less than 1 counts as 1, and more than 138 as that.
     void setRowHeight(int h);
 
     /// Shows \a text in the title bar. With \a defaultFont, setDefaultFont() comes first.
