@@ -5,6 +5,7 @@
 #include "recordingplatform.h"
 #include "rowsmodel.h"
 #include "waiting.h"
+#include "widgetlistitem.h"
 #include "widgetlistview.h"
 
 #include "platform/soundmanager.h"
@@ -55,6 +56,28 @@ void noteListSignals(List *list)
     NOTE_SIGNAL(list, &List::downKeyReleased, "downKeyReleased");
     NOTE_SIGNAL(list, &List::finished, "finished");
     NOTE_SIGNAL(list, &List::visible, "visible");
+}
+
+/// A row of a WidgetList with the same in it.
+inline WidgetListItem *newItem(const Row &row, SoundManager *sounds)
+{
+    WidgetListItem *item = new WidgetListItem(nullptr, sounds);
+    item->setGeometry(0, 0, 220, 46);
+    item->setValueOnRightSide(row.valueOnRightSide);
+    for (const QString &value : row.values)
+        item->addValue(value);
+    if (row.values.isEmpty() && row.setValue.isValid())
+        item->setDisplayValue(0, row.setValue.toString(), false);
+    else
+        item->setDisplayValueIndex(row.valueIndex);
+    item->setMoreDepth(row.moreDepth);
+    item->setModifiable(row.modifiable);
+    item->setDeletable(row.deletable);
+    item->m_noShortcut = row.badge == -1;
+    item->setSerialNum(row.badge != -1, row.badge);
+    // A title that shares its line is measured in the font of before.
+    item->setTitle(row.title, true);
+    return item;
 }
 
 inline void showInFront(QWidget &window)

@@ -57,18 +57,7 @@ QStringList notesOfWidgetList(const Setup &setup, const QList<Stroke> &strokes)
     WidgetList list(int(setup.rows.size()), &screen, sounds);
     QList<WidgetListItem *> items;
     for (const Row &row : setup.rows) {
-        WidgetListItem *item = new WidgetListItem(nullptr, sounds);
-        item->setGeometry(0, 0, 220, 46);
-        item->setTitle(row.title, true);
-        for (const QString &value : row.values)
-            item->addValue(value);
-        if (row.values.isEmpty() && row.setValue.isValid())
-            item->setDisplayValue(0, row.setValue.toString(), false);
-        else
-            item->setDisplayValueIndex(row.valueIndex);
-        item->setMoreDepth(row.moreDepth);
-        item->setModifiable(row.modifiable);
-        item->m_noShortcut = row.badge == -1;
+        WidgetListItem *item = newItem(row, sounds);
         item->m_enterOnOK = setup.enterOnOK;
         item->m_useFunctionKeys = setup.functionKeys;
         const int number = int(items.size());

@@ -1,14 +1,9 @@
 // A row that is painted looks as a row that is a widget: the same rows, keys and times in a WidgetList and in a
 // WidgetListView give the same picture to the last pixel.
 
-#include "eventrecording.h"
+#include "listviewtesting.h"
 #include "picturecomparison.h"
-#include "recordingplatform.h"
-#include "rowsmodel.h"
-#include "waiting.h"
 #include "widgetlist.h"
-#include "widgetlistitem.h"
-#include "widgetlistview.h"
 #include "widgetmarqueelable.h"
 
 #include "platform/soundmanager.h"
@@ -28,27 +23,6 @@
 namespace {
 
 const char IconSheet[] = "image: url(:/resource/images_l2/icon_disc.png);";
-
-WidgetListItem *newItem(const Row &row)
-{
-    WidgetListItem *item = new WidgetListItem(nullptr, SoundManager::getInstance());
-    item->setGeometry(0, 0, 220, 46);
-    item->setValueOnRightSide(row.valueOnRightSide);
-    for (const QString &value : row.values)
-        item->addValue(value);
-    if (row.values.isEmpty() && row.setValue.isValid())
-        item->setDisplayValue(0, row.setValue.toString(), false);
-    else
-        item->setDisplayValueIndex(row.valueIndex);
-    item->setMoreDepth(row.moreDepth);
-    item->setModifiable(row.modifiable);
-    item->setDeletable(row.deletable);
-    item->m_noShortcut = row.badge == -1;
-    item->setSerialNum(row.badge != -1, row.badge);
-    // A title that shares its line is measured in the font of before.
-    item->setTitle(row.title, true);
-    return item;
-}
 
 template <typename List>
 void setUp(List *list)
@@ -113,7 +87,7 @@ public:
     {
         setUp(&m_list);
         for (const Row &row : rows)
-            m_list.addListItem(newItem(row));
+            m_list.addListItem(newItem(row, SoundManager::getInstance()));
     }
 
     void setNoFocusStyle(int rows) override { m_list.setNoFocusStyle(rows); }
