@@ -33,14 +33,6 @@ uint firstLetter(const QString &text)
 
 }
 
-WidgetListView::HeldKey::HeldKey()
-    : longPressed(false),
-      repeatCount(0),
-      scrollCount(0),
-      pageContinued(false)
-{
-}
-
 WidgetListView::WidgetListView(QWidget *parent, SoundManager *soundManager)
     : Widget(parent, soundManager),
       m_stopAtEnds(false),
@@ -51,6 +43,8 @@ WidgetListView::WidgetListView(QWidget *parent, SoundManager *soundManager)
       m_title(new ListTitle(this)),
       m_view(new RowView(this)),
       m_noFocusRows(0),
+      m_upKey(),
+      m_downKey(),
       m_letterKey(0)
 {
     m_view->setGeometry(RowsRect);

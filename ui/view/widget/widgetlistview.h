@@ -198,8 +198,6 @@ private:
     // Of up or down.
     struct HeldKey
     {
-        HeldKey();
-
         bool longPressed;
         int repeatCount;
         int scrollCount;     // since it was long pressed
