@@ -143,9 +143,8 @@ public:
     void setNoFocusStyle(int rowsPerPage);
 
     /// Hides or shows \a row. The row in focus stays where it is on the screen, where it can. Hidden itself it keeps the
-    /// focus unseen: up and down go on from it, other keys
-    /// find no row, and if it is shown again it has the focus. When the model changes the nearest row has it. A row that
-    /// does not exist is ignored with a log line.
+    /// focus unseen: up and down go on from it, other keys find no row, and if it is shown again it has the focus. When the
+    /// model changes, the nearest row has it. A row that does not exist is ignored with a log line.
     void hideItem(int row);
     void showItem(int row);
 
@@ -163,8 +162,9 @@ public:
     /// Has \a key (Qt::Key_0 to Qt::Key_9) jump to titles that begin with one of \a letters, such as "abc2", which may be
     /// the same text as of a key of a WidgetKeypad; with an empty text it no longer does. Case does not matter, nor do
     /// accents: "e" also finds titles with an acute e. The key moves the focus to the next such row below, around the
-    /// end; pressed again, to one that begins with the next of the letters for which there is one. A key that finds
-    /// nothing is handed on. Another \a key is rejected with a log line.
+    /// end; pressed again, to one that begins with the next of the letters for which there is one. To find it, the
+    /// list asks the model for one title after the other, at worst for all. A key that finds nothing is handed on. Another
+    /// \a key is rejected with a log line.
     void setKeyLetters(int key, QString letters);
 
 Q_SIGNALS:
