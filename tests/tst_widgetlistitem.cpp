@@ -193,6 +193,8 @@ private slots:
     void hiddenRowStopsScrolling();
     void rowStopsWhenItsMarqueeIsSwitchedOff();
     void rowStopsAtFocusOutWhenItsMarqueeWasSwitchedOff();
+    void titleReplacedWhileItScrollsTakesItsPlace();
+    void titleReplacedByAShortOneStopsScrolling();
     void scrollingGoesOnThroughARefresh();
     void scrollingRowMayBeDeleted();
 
@@ -1531,6 +1533,37 @@ void TestWidgetListItem::rowStopsAtFocusOutWhenItsMarqueeWasSwitchedOff()
     focusOut(&row);
     QCOMPARE(timersOf(row.parts.title).size(), 0);
     QCOMPARE(row.parts.title->text(), row.cut);
+}
+
+void TestWidgetListItem::titleReplacedWhileItScrollsTakesItsPlace()
+{
+    ScrollingRow row;
+    row.show();
+    focusIn(&row);
+    tick(row.parts);
+    tick(row.parts);
+    const QString other = QStringLiteral("Other: ") + row.text;
+    row.setTitle(other, false);
+    row.updateTitle();
+    // From its beginning, and as it is cut until the first step.
+    QCOMPARE(timersOf(row.parts.title).size(), 1);
+    QVERIFY(row.parts.title->text().startsWith("Other: "));
+    tick(row.parts);
+    QCOMPARE(row.parts.title->text(), other.mid(1) + "   " + other.at(0));
+    focusOut(&row);
+    QCOMPARE(timersOf(row.parts.title).size(), 0);
+}
+
+void TestWidgetListItem::titleReplacedByAShortOneStopsScrolling()
+{
+    ScrollingRow row;
+    row.show();
+    focusIn(&row);
+    tick(row.parts);
+    row.setTitle(QStringLiteral("short"), false);
+    row.updateTitle();
+    QCOMPARE(timersOf(row.parts.title).size(), 0);
+    QCOMPARE(row.parts.title->text(), QString("short"));
 }
 
 void TestWidgetListItem::scrollingGoesOnThroughARefresh()

@@ -3,6 +3,7 @@
 #include "widgetprogressbar.h"
 
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QtTest>
 
@@ -39,6 +40,7 @@ private slots:
     void logsAndEmitsInOrder();
     void valueLabelIsSetAfterTheSignal();
     void valueChangedMovesTheBarAlone();
+    void slotMayDeleteTheWidget();
 
     void placesOnePart_data();
     void placesOnePart();
@@ -309,6 +311,15 @@ void TestWidgetProgressBar::valueLabelIsSetAfterTheSignal()
     widget.setItemUseMaxValue(750, 1000);
     QCOMPARE(textInSlot, QString("1"));
     QCOMPARE(valueInSlot, 750);
+}
+
+void TestWidgetProgressBar::slotMayDeleteTheWidget()
+{
+    // Nothing of it is touched afterwards, which the address sanitizer watches.
+    QPointer<WidgetProgressBar> widget(new WidgetProgressBar(nullptr));
+    connect(widget.data(), &WidgetProgressBar::valueChanged, [&widget](int) { delete widget.data(); });
+    widget->setItemUseMaxValue(750, 1000);
+    QVERIFY(widget.isNull());
 }
 
 void TestWidgetProgressBar::valueChangedMovesTheBarAlone()
