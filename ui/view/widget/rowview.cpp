@@ -85,10 +85,10 @@ void RowView::setModel(QAbstractItemModel *model)
     QItemSelectionModel *oldSelection = selectionModel();
     if (model == oldModel)
         return;
-    if (oldModel)
+    if (oldModel) {
         disconnect(oldModel, 0, this, SLOT(takeRows()));
-    if (oldModel)
         disconnect(oldModel, 0, this, SLOT(takeData(QModelIndex,QModelIndex)));
+    }
     m_hiddenRows.clear();
     m_index = QModelIndex();
     QAbstractItemView::setModel(model);
