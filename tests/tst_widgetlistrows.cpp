@@ -132,6 +132,7 @@ private slots:
     void rowHiddenInTheTableComesBackOutOfView();
     void rowHiddenInTheTableComesBackInTheHeightOfItsRow();
     void rowsOutOfViewAreLaidOutForTheHeightOfTheirRow();
+    void rowsOutOfViewTakeANewHeightWithTheOthers();
     void rowThatComesIntoViewWithTheFocusIsDressedForItAtOnce();
     void rowThatComesIntoViewLooksFocusedOnlyWithTheFocus_data();
     void rowThatComesIntoViewLooksFocusedOnlyWithTheFocus();
@@ -1031,6 +1032,26 @@ void TestWidgetListRows::rowsOutOfViewAreLaidOutForTheHeightOfTheirRow()
         QCOMPARE(menu.item(row)->height(), 69);
         QCOMPARE(RowParts(*menu.item(row)).nextArrow->y(), 29);
         QCOMPARE(menu.item(row)->visibleRegion().isEmpty(), row > 1);
+    }
+}
+
+void TestWidgetListRows::rowsOutOfViewTakeANewHeightWithTheOthers()
+{
+    Menu menu(12);
+    menu.show();
+    // Row 0 has left the view, row 11 was never in it.
+    menu.list->setFocusAtItem(6);
+    menu.list->hideItem(4);
+    menu.list->setRowHeight(60);
+    runEventLoop();
+    for (int row : {0, 6, 11})
+        QCOMPARE(menu.item(row)->height(), 60);
+    QCOMPARE(menu.item(4)->height(), 46);
+    for (int row : {0, 11}) {
+        QVERIFY(menu.item(row)->visibleRegion().isEmpty());
+        menu.item(row)->refresh();
+        menu.list->setFocusAtItem(row);
+        QCOMPARE(RowParts(*menu.item(row)).nextArrow->y(), 25);
     }
 }
 

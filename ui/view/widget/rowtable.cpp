@@ -9,7 +9,8 @@
 #include <QScrollBar>
 
 RowTable::RowTable(int rows, QWidget *list)
-    : QTableWidget(list)
+    : QTableWidget(list),
+      m_rowHeightsChanged(false)
 {
     // Before there are rows: a header that is seen measures its names for them.
     horizontalHeader()->setVisible(false);
@@ -148,6 +149,11 @@ void RowTable::takeRowSize(int row)
         park(item);
 }
 
+void RowTable::setRowHeightsChanged()
+{
+    m_rowHeightsChanged = true;
+}
+
 void RowTable::park(QWidget *widget)
 {
     // Out of sight wherever the table is scrolled to.
@@ -214,5 +220,13 @@ void RowTable::updateEditorGeometries()
     for (int i = 0; i < leaving.size(); ++i) {
         if (leaving.at(i) && leaving.at(i)->parentWidget() == viewport())
             park(leaving.at(i));
+    }
+
+    if (m_rowHeightsChanged) {
+        m_rowHeightsChanged = false;
+        for (int row = 0; row < rowCount(); ++row) {
+            if (listItem(row) && !isRowHidden(row))
+                takeRowSize(row);
+        }
     }
 }

@@ -43,6 +43,9 @@ public:
     /// not because the row is out of view.
     void takeRowSize(int row);
 
+    /// To be called when the rows have got other heights: the next layout passes them on to all items.
+    void setRowHeightsChanged();
+
 protected:
     virtual void keyPressEvent(QKeyEvent *event);
     virtual void keyReleaseEvent(QKeyEvent *event);
@@ -59,6 +62,7 @@ private:
     static void park(QWidget *widget);
 
     QList<QPointer<QWidget> > m_inView;
+    bool m_rowHeightsChanged;
 };
 
 #endif

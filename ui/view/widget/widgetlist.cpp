@@ -67,6 +67,7 @@ void WidgetList::setRowHeight(int h)
 {
     for (int row = 0; row < m_rowCount; ++row)
         m_table->setRowHeight(row, qMax(h, 0));
+    m_table->setRowHeightsChanged();
 }
 
 void WidgetList::setTitle(QString text, bool defaultFont)
