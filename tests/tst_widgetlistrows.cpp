@@ -95,6 +95,7 @@ private slots:
     void hiddenListLeavesTheFocusToNobody_data();
     void hiddenListLeavesTheFocusToNobody();
     void hiddenListHandsTheFocusOn();
+    void rowHiddenInAHiddenListLosesTheFocus();
     void hiddenTableHandsTheKeysToTheList();
     void tableThatComesBackGivesTheFocusToItsRow();
     void listWhoseFirstRowIsHiddenTakesTheKeys();
@@ -353,6 +354,20 @@ void TestWidgetListRows::hiddenListHandsTheFocusOn()
     QCOMPARE(focusedRow(*menu.list), 0);
     menu.list->hide();
     QCOMPARE(QApplication::focusWidget(), &edit);
+}
+
+void TestWidgetListRows::rowHiddenInAHiddenListLosesTheFocus()
+{
+    Menu menu(4);
+    menu.list->hide();
+    menu.show();
+    menu.list->setFocusAtItem(2);
+    QCOMPARE(QApplication::focusWidget(), menu.item(2));
+    menu.list->hideItem(2);
+    QCOMPARE(QApplication::focusWidget(), nullptr);
+    menu.list->setFocusAtItem(1);
+    menu.list->hideItem(3);
+    QCOMPARE(QApplication::focusWidget(), menu.item(1));
 }
 
 void TestWidgetListRows::hiddenTableHandsTheKeysToTheList()

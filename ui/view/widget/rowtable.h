@@ -32,6 +32,10 @@ public:
     /// Forgets \a item, which is being destroyed.
     void forget(WidgetListItem *item);
 
+    /// Hands on the focus that \a widget, a row that is going or hidden, or a part of it has: to the list, or to whom the
+    /// toolkit gives it where the list is not seen.
+    void takeFocusFrom(QWidget *widget);
+
     /// Has the item of \a row shown with the table, in view or not, unless the row is hidden. The toolkit hands the focus
     /// only to a widget that is not hidden itself, also while the table is.
     void reveal(int row);
@@ -57,7 +61,6 @@ protected:
 private:
     int rowOf(const WidgetListItem *item) const;
     void release(WidgetListItem *item);
-    void takeFocusFrom(QWidget *widget);
     void focusList();
     static void park(QWidget *widget);
 

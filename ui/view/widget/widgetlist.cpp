@@ -147,6 +147,8 @@ void WidgetList::hideItem(int row)
     m_table->hideRow(row);
     if (WidgetListItem *item = m_table->listItem(row)) {
         item->hide();
+        // In a list that is hidden itself nobody hears of that.
+        m_table->takeFocusFrom(item);
         item->m_refreshedUnseen = false;
     }
 }
