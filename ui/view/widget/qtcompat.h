@@ -6,6 +6,12 @@
 #include <QFont>
 #include <QFontMetrics>
 
+// Accessible events tell the texts that have changed only since then.
+#if QT_VERSION >= 0x050000 && !defined(QT_NO_ACCESSIBILITY)
+#include <QAccessible>
+#define HAS_ACCESSIBLE_TEXTS
+#endif
+
 inline int textWidth(const QFontMetrics &metrics, const QString &text)
 {
 #if QT_VERSION >= 0x050b00

@@ -1,6 +1,7 @@
 #include "widgetkeypad.h"
 
 #include "keypadcells.h"
+#include "keypadline.h"
 #include "platform/logging.h"
 
 #include <QKeyEvent>
@@ -47,6 +48,12 @@ const char *litSheet(int row, int column)
     return isSideKey(row, column) ? LitSideKeySheet : LitKeySheet;
 }
 
+// The one that the constructor makes.
+KeypadLine *keypadLine(QLineEdit *line)
+{
+    return static_cast<KeypadLine *>(line);
+}
+
 bool rejects(const char *function, int index, int count)
 {
     return rejectsIndex(SourcePath, function, index, count);
@@ -74,7 +81,7 @@ WidgetKeypad::WidgetKeypad(QWidget *parent, SoundManager *soundManager)
 {
     const QFont textFont = defaultFont(TextPointSize, true);
 
-    m_lineEdit = new QLineEdit(this);
+    m_lineEdit = new KeypadLine(this);
     m_lineEdit->setFont(textFont);
     m_lineEdit->setFocusPolicy(Qt::NoFocus);
     m_lineEdit->setFrame(false);
@@ -165,7 +172,8 @@ void WidgetKeypad::setLineTextHeight(int height)
 
 void WidgetKeypad::setKeyMaxLength(int length)
 {
-    m_lineEdit->setMaxLength(length);
+    keypadLine(m_lineEdit)->limitText(length);
+    keypadLine(m_lineEdit)->letGo(m_text);
 }
 
 void WidgetKeypad::setPlaceholderText(QString text)
@@ -182,11 +190,12 @@ void WidgetKeypad::setInitialLineText(QString text, bool maskText, bool keepText
 {
     m_lineEdit->setFont(defaultFont(TextPointSize, true));
     // Before the line shows its text plainly: the old one may be a password.
-    m_lineEdit->clear();
+    keypadLine(m_lineEdit)->clearText(m_maskInitialText);
     m_text.clear();
     m_echoModeApplied = false;
     m_lineEdit->setEchoMode(QLineEdit::Normal);
-    m_lineEdit->setText(text);
+    keypadLine(m_lineEdit)->showText(text, maskText);
+    keypadLine(m_lineEdit)->letGo(m_text);
     m_keepInitialText = keepText;
     m_selectInitialKey = selectKey;
     m_maskInitialText = maskText;
@@ -228,11 +237,13 @@ void WidgetKeypad::setItemFont()
 
 void WidgetKeypad::setupUi()
 {
+    // First of all: of a text that is not masked the line makes copies while it is dressed.
+    m_lineEdit->setEchoMode(m_maskInitialText ? QLineEdit::Password : QLineEdit::Normal);
+    keypadLine(m_lineEdit)->letGo(m_text);
+    m_echoModeApplied = m_maskInitialText;
     m_lineEdit->setGeometry(0, 0, width(), m_lineTextHeight);
     m_lineEdit->setStyleSheet(m_lineEdit->styleSheet() + QLatin1String(LineSheetSuffix));
     m_lineEdit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_lineEdit->setEchoMode(m_maskInitialText ? QLineEdit::Password : QLineEdit::Normal);
-    m_echoModeApplied = m_maskInitialText;
 
     setInitialPage();
     layOutKeys();
@@ -331,7 +342,8 @@ void WidgetKeypad::keyPressEvent(QKeyEvent *event)
     m_deleteRepeatCount = 0;
     Logging::log(Logging::LogTrace, "[%s, %d] clear all!!", "keyPressEvent", 157);
     m_text.clear();
-    m_lineEdit->clear();
+    keypadLine(m_lineEdit)->clearText(false);
+    keypadLine(m_lineEdit)->letGo(m_text);
     clearSelection();
 }
 
@@ -356,10 +368,13 @@ void WidgetKeypad::keyReleaseEvent(QKeyEvent *event)
     case Qt::Key_F4:
         handleDeleteKey();
         break;
-    case Qt::Key_Menu:
+    case Qt::Key_Menu: {
         playSound(ClickSound);
-        emit ready(m_text);
+        QString text = m_text;
+        emit ready(text);
+        wipe(&text);
         break;
+    }
     case Qt::Key_Escape:
         playSound(ClickSound);
         emit cancel();
@@ -468,8 +483,11 @@ bool WidgetKeypad::typeCharacter(const QString &text)
 
     if (m_multiTapTimer.isActive()) {
         m_multiTapTimer.start();
-        m_text.chop(1);
-        m_text.append(text.at(m_tapIndex));
+        // Not chop() and append(): a text that has to move leaves a copy behind.
+        if (m_text.isEmpty())
+            m_text.append(text.at(m_tapIndex));
+        else
+            m_text[m_text.length() - 1] = text.at(m_tapIndex);
         m_tapIndex = (m_tapIndex + 1) % text.length();
     } else {
         m_text.append(text.at(m_tapIndex));
@@ -552,5 +570,6 @@ void WidgetKeypad::updateLineText()
         m_lineEdit->setEchoMode(m_hideText ? QLineEdit::Password : QLineEdit::Normal);
         m_echoModeApplied = true;
     }
-    m_lineEdit->setText(m_text);
+    keypadLine(m_lineEdit)->showText(m_text, false);
+    keypadLine(m_lineEdit)->letGo(m_text);
 }

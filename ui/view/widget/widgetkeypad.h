@@ -53,6 +53,14 @@ class QShowEvent;
 /// - Each show appends some declarations to the sheet of the text line. An application that shows a keypad again and
 ///   again should build a new one for each entry, or give the line, which is the keypad's only QLineEdit, its first
 ///   sheet again before each show: findChild<QLineEdit *>()->setStyleSheet("background-color: #ffffff;").
+/// - What was entered is overwritten in memory when it changes, when the keypad goes and when it gets another initial
+///   text, unless somebody else has the same QString: a slot of ready(), for instance, that keeps it. Three things are
+///   out of reach: a copy that the toolkit makes of a text that is seen, not masked, when it dresses the line at a show
+///   or measures it for another font or style; what is done to the QLineEdit other than through this class, with its
+///   history for undo(); and what the system keeps of the process in swap space or a core dump.
+/// - While hideText() is on and the line is masked, nothing that the keypad plays, logs, shows or reads out tells which
+///   characters there are: only how many, and which of the keys F1 to F4 was used. ready(), keyPressed(), inputLetter()
+///   and the line's text() do tell them. So do the key codes in the log of a WidgetKeypadBottom that gets the keys too.
 /// - A page, row, column or item outside its range is rejected with a log line, unless the function says otherwise.
 /// - A slot may delete the keypad.
 class WIDGET_EXPORT WidgetKeypad : public Widget
