@@ -228,7 +228,8 @@ class Source:
             self.change(start, end, "'%c'" % (ord(text[1]) + 1))
         elif text.startswith('"'):
             self.change(start, end, '""')
-            digit = re.search(r'\d', text)
+            # Not the number of a placeholder: it counts only beside others.
+            digit = re.search(r'(?<!%)\d', text)
             if digit:
                 at = start + digit.start()
                 self.change(at, at + 1, str((int(digit.group()) + 1) % 10))

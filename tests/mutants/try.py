@@ -43,7 +43,10 @@ EQUIVALENT = os.path.join(HERE, 'equivalent.txt')
 SURVIVED = 'SURVIVED'
 CAUGHT_AT_LEAST = 0.99
 MINIMUM_PER_SOURCE = 3
-WORKERS = 2
+# Tests also wait.
+WORKERS = os.cpu_count() + 1
+# Those that programs include are compiled into the tests as well, and left alone.
+INTERNAL_HEADERS = ['keypadcells.h', 'listlook.h', 'qtcompat.h', 'titlelook.h', 'widgetdetails.h']
 # A program that grows without end is one that is caught.
 MEMORY_LIMIT = 4 << 30
 
@@ -61,6 +64,7 @@ PROGRAMS = {
     'rowview': LIST_VIEW,
     'threadshared': ['tst_threadshared', 'tst_clockupdatethread', 'tst_dateupdatethread'],
     'titlelook': ['tst_widgetsimpletitle', 'tst_widgetmenutitle'],
+    'qtcompat': ['tst_widgetsimpletitle', 'tst_widgetlistrows', 'tst_widgetlistview'],
     'widgetclock': ['tst_widgetclock', 'tst_clockupdatethread'],
     'widgetdate': ['tst_widgetdate', 'tst_dateupdatethread'],
     'widgetdetails': ['tst_widgetbottom', 'tst_widgetsimpletitle', 'tst_widgetsoftbtn', 'tst_widgeticongroup',
@@ -150,7 +154,10 @@ class Builder:
                     self.add_unit(entry)
         if not self.units:
             fail('there is no library in %s' % build)
-        self.objects = sorted(self.units[each][1] for each in self.units)
+        self.files = {}
+        for path in glob.glob(os.path.join(ROOT, SOURCES, '*.*')):
+            with open(path, 'rb') as file:
+                self.files[os.path.basename(path)] = file.read()
         self.prefix = os.path.join(scratch, 'system.h')
 
     def add_unit(self, entry):
@@ -165,11 +172,23 @@ class Builder:
         self.units[os.path.basename(entry['file'])] = (words, output)
 
     def sources(self):
-        return sorted(each for each in self.units if each != 'mocs_compilation.cpp')
+        return sorted(each for each in self.units if each != 'mocs_compilation.cpp') + INTERNAL_HEADERS
+
+    def units_of(self, source):
+        """What must be compiled anew when the source is changed."""
+        if source in self.units:
+            return [source]
+        users = {source}
+        while True:
+            more = {name for name, code in self.files.items()
+                    if any(('#include "%s"' % each).encode() in code for each in users)}
+            if more <= users:
+                return sorted(each for each in users if each in self.units)
+            users |= more
 
     def arguments(self, source):
         """Those that tell a reader of the source what it means."""
-        words = self.units[source][0]
+        words = self.units[self.units_of(source)[0]][0]
         chosen = ['-x', 'c++']
         for i, word in enumerate(words):
             if word == '-isystem':
@@ -181,27 +200,27 @@ class Builder:
     def precompile(self):
         """Reads the toolkit's headers once for all."""
         headers = set()
-        for path in glob.glob(os.path.join(ROOT, SOURCES, '*.*')):
-            with open(path) as file:
-                headers.update(re.findall(r'^#include (<.*>)', file.read(), re.MULTILINE))
-        with open(self.prefix, 'w') as file:
-            file.writelines('#include %s\n' % each for each in sorted(headers))
+        for code in self.files.values():
+            headers.update(re.findall(rb'^#include <.*>', code, re.MULTILINE))
+        with open(self.prefix, 'wb') as file:
+            file.write(b'\n'.join(sorted(headers)) + b'\n')
         words = self.units[self.sources()[0]][0]
         subprocess.run(words + ['-x', 'c++-header', self.prefix, '-o', self.prefix + '.gch'], check=True)
 
-    def compile(self, directory, source, code, output):
-        path = os.path.join(directory, source)
-        with open(path, 'wb') as file:
+    def write(self, directory, name, code):
+        with open(os.path.join(directory, name), 'wb') as file:
             file.write(code)
-        words = self.units[source][0] + ['-iquote', os.path.join(ROOT, SOURCES), '-include', self.prefix]
-        run = subprocess.run(words + ['-c', source, '-o', output], cwd=directory, stdout=subprocess.DEVNULL,
-                             stderr=subprocess.DEVNULL)
+
+    def compile(self, directory, unit, output):
+        words = self.units[unit][0] + ['-include', self.prefix, '-c', unit, '-o', output]
+        run = subprocess.run(words, cwd=directory, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         return run.returncode == 0
 
-    def link(self, directory, source, changed):
-        objects = [each for each in self.objects if each != self.units[source][1]]
-        subprocess.run([self.units[source][0][0], '-shared', '-Wl,-soname,libwidget.so.1', '-o',
-                        os.path.join(directory, 'libwidget.so.1'), changed] + objects, check=True)
+    def link(self, directory, units):
+        objects = [self.units[each][1] for each in sorted(self.units) if each not in units]
+        objects += [each + '.o' for each in units]
+        subprocess.run([self.units[units[0]][0][0], '-shared', '-Wl,-soname,libwidget.so.1', '-o', 'libwidget.so.1']
+                       + objects, cwd=directory, check=True)
 
 
 class Tester:
@@ -281,29 +300,39 @@ class Trial:
             self.left[mutant.source] += 1
 
     def work(self, number):
+        # A copy of the sources, for the changes.
         directory = os.path.join(self.builder.scratch, str(number))
         os.mkdir(directory)
-        base = {}
-        source = None
+        for name, code in self.builder.files.items():
+            self.builder.write(directory, name, code)
+        unchanged = set()
+        mutant = None
         while True:
-            mutant = self.take(source)
+            mutant = self.take(mutant and mutant.source)
             if not mutant:
                 return
-            source = mutant.source
-            if source not in base:
-                base[source] = os.path.join(directory, source + '.unchanged.o')
-                with open(os.path.join(ROOT, SOURCES, source), 'rb') as file:
-                    if not self.builder.compile(directory, source, file.read(), base[source]):
-                        fail('%s does not compile' % source)
-            changed = os.path.join(directory, source + '.o')
-            if not self.builder.compile(directory, source, mutant.code, changed):
+            units = self.builder.units_of(mutant.source)
+            for unit in set(units) - unchanged:
+                if not self.builder.compile(directory, unit, unit + '.unchanged.o'):
+                    fail('%s does not compile' % unit)
+                unchanged.add(unit)
+            self.builder.write(directory, mutant.source, mutant.code)
+            self.try_change(directory, mutant, units)
+            self.builder.write(directory, mutant.source, self.builder.files[mutant.source])
+
+    def try_change(self, directory, mutant, units):
+        same = True
+        for unit in units:
+            if not self.builder.compile(directory, unit, unit + '.o'):
                 self.give_back(mutant, 'do not compile')
-                continue
-            if filecmp.cmp(base[source], changed, shallow=False):
-                self.give_back(mutant, 'compile to the same code')
-                continue
-            self.builder.link(directory, source, changed)
-            self.tell(mutant, self.tester.survives(source, directory))
+                return
+            path = os.path.join(directory, unit)
+            same = same and filecmp.cmp(path + '.unchanged.o', path + '.o', shallow=False)
+        if same:
+            self.give_back(mutant, 'compile to the same code')
+            return
+        self.builder.link(directory, units)
+        self.tell(mutant, self.tester.survives(mutant.source, directory))
 
     def tell(self, mutant, reason):
         with self.lock:
@@ -350,7 +379,7 @@ def choose(options, builder, seed):
     """What may be tried, by source and in the order in which it is; how many are left out as equivalent."""
     sources = options.source or builder.sources()
     for source in sources:
-        if source not in builder.units:
+        if source not in builder.sources():
             fail('there is no source "%s"' % source)
     with multiprocessing.Pool(WORKERS) as pool:
         found = pool.map(candidates_of, [(each, builder.arguments(each)) for each in sources], 1)
@@ -384,9 +413,10 @@ def run(options, seed, scratch):
         quotas = quotas_of(candidates, options.count)
     print('WIDGET_SEED=%d, %d of %d changes in %d sources' % (seed, sum(quotas.values()), number, len(candidates)))
     sys.stdout.flush()
-    for program in sorted({each for source in candidates if candidates[source] for each in programs_of(source)}):
-        tester.measure(program)
     builder.precompile()
+    with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
+        list(pool.map(tester.measure, sorted({each for source in quotas if quotas[source]
+                                              for each in programs_of(source)})))
 
     trial = Trial(builder, tester, candidates, quotas)
     with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
