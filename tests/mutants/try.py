@@ -47,6 +47,7 @@ MINIMUM_PER_SOURCE = 3
 WORKERS = os.cpu_count() + 1
 # Those that programs include are compiled into the tests as well, and left alone.
 INTERNAL_HEADERS = ['keypadcells.h', 'listlook.h', 'qtcompat.h', 'titlelook.h', 'widgetdetails.h']
+CATCHERS_TO_TRY = 30
 # A program that grows without end is one that is caught.
 MEMORY_LIMIT = 4 << 30
 
@@ -227,46 +228,73 @@ class Tester:
     def __init__(self, build):
         self.build = build
         self.seconds = {}
+        self.lock = threading.Lock()
+        # By source and program, the functions that have caught changes, the last one first.
+        self.catchers = collections.defaultdict(list)
 
-    def run(self, program, library, limit):
-        """Why the program fails with a library, or None if it does not."""
+    def run(self, program, library, limit, functions=()):
+        """Why the program fails with a library, and the function that does; twice None if it does not."""
         environment = dict(ENVIRONMENT, LD_LIBRARY_PATH=library)
         started = subprocess.Popen(
-            [os.path.join(self.build, 'bin', program), '-nocrashhandler'], cwd=library, env=environment,
+            [os.path.join(self.build, 'bin', program), '-nocrashhandler', *functions], cwd=library, env=environment,
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT)))
         hung = threading.Event()
         timer = threading.Timer(limit, lambda: (hung.set(), started.kill()))
         timer.start()
-        reason = None
+        failed = None
         for line in started.stdout:
-            if line.startswith((b'FAIL!', b'XPASS', b'QFATAL')):
-                reason = line.decode(errors='replace').split(' : ')[-1].split('::')[-1].strip()[:90]
+            failed = re.match(r'(?:FAIL!|XPASS|QFATAL) *: \w+::(\w+)\((.*?)\) ', line.decode(errors='replace') + ' ')
+            if failed:
                 started.kill()
                 break
         started.stdout.close()
         status = started.wait()
         timer.cancel()
-        if reason:
-            return '%s: %s' % (program, reason)
+        if failed:
+            function, row = failed.groups()
+            return '%s %s(%s)' % (program, function, row), function + (':' + row if row else '')
         if hung.is_set():
-            return '%s: does not end' % program
+            return '%s does not end' % program, None
         if status != 0:
-            return '%s: ends with status %d' % (program, status)
-        return None
+            return '%s ends with status %d' % (program, status), None
+        return None, None
 
     def measure(self, program):
         """Also shows that the program passes."""
         with tempfile.TemporaryDirectory() as directory:
             start = time.monotonic()
-            reason = self.run(program, directory, 600)
+            reason, _ = self.run(program, directory, 600)
             self.seconds[program] = time.monotonic() - start
         if reason:
-            fail('fails without any change: %s' % reason)
+            fail('without any change, %s' % reason)
+
+    def catch_by(self, program, source, library, functions):
+        reason, function = self.run(program, library, 10 * self.seconds[program] + 20, functions)
+        # A row that is called otherwise than it is printed cannot be asked for.
+        if functions and not function:
+            return None
+        with self.lock:
+            catchers = self.catchers[source, program]
+            if function in catchers:
+                catchers.remove(function)
+            if function:
+                catchers.insert(0, function)
+                del catchers[CATCHERS_TO_TRY:]
+        return reason
 
     def survives(self, source, library):
-        for program in sorted(programs_of(source), key=self.seconds.get):
-            reason = self.run(program, library, 10 * self.seconds[program] + 20)
+        """Why the library fails, or None."""
+        programs = sorted(programs_of(source), key=self.seconds.get)
+        # What has caught one change is likely to catch the next one as well.
+        for program in programs:
+            with self.lock:
+                functions = list(self.catchers[source, program])
+            reason = functions and self.catch_by(program, source, library, functions)
+            if reason:
+                return reason
+        for program in programs:
+            reason = self.catch_by(program, source, library, [])
             if reason:
                 return reason
         return None
