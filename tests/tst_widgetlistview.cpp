@@ -1,12 +1,17 @@
+#include "displaywork.h"
 #include "listtesting.h"
 #include "listviewtesting.h"
 
+#include <QLabel>
 #include <QStringListModel>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <climits>
 #include <functional>
 #include <memory>
+
+Q_DECLARE_METATYPE(std::function<void(WidgetListView &)>)
 
 namespace {
 
@@ -224,6 +229,12 @@ private slots:
     // Without a model
     void everythingWorksWithoutAModel_data();
     void everythingWorksWithoutAModel();
+
+    // Title bar
+    void iconTakesALabelOnlyWhereItMust_data();
+    void iconTakesALabelOnlyWhereItMust();
+    void changeOfTheTitleBarPaintsItAlone_data();
+    void changeOfTheTitleBarPaintsItAlone();
 };
 
 void TestWidgetListView::init()
@@ -1417,6 +1428,67 @@ void TestWidgetListView::everythingWorksWithoutAModel()
         menu.list->setNoFocusStyle(3);
         doEverything();
     }
+}
+
+void TestWidgetListView::iconTakesALabelOnlyWhereItMust_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<int>("labels");
+    QTest::newRow("none") << QString() << 1;
+    QTest::newRow("a picture of a resource") << "image: url(:/resource/images_l2/icon_disc.png);" << 0;
+    QTest::newRow("a picture in a file") << "image: url(%1);" << 1;
+    QTest::newRow("a picture that does not exist") << "image: url(:/none.png);" << 1;
+    QTest::newRow("two pictures") << "image: url(:/none.png);image: url(:/resource/images_l2/icon_disc.png);" << 1;
+    QTest::newRow("a picture and more") << "image: url(:/resource/images_l2/icon_disc.png); border: none;" << 1;
+    QTest::newRow("a picture where a colour belongs") << "color: url(:/resource/images_l2/icon_disc.png);" << 1;
+}
+
+void TestWidgetListView::iconTakesALabelOnlyWhereItMust()
+{
+    QFETCH(QString, sheet);
+    const QTemporaryDir directory;
+    const QString file = directory.filePath("icon.png");
+    QVERIFY(QPixmap(":/resource/images_l2/icon_disc.png").save(file));
+    sheet.replace("%1", file);
+    ViewMenu menu(nullptr);
+    menu.list->setTitleIcon(sheet);
+    const QList<QLabel *> labels = menu.list->findChildren<QLabel *>();
+    QTEST(int(labels.size()), "labels");
+    for (const QLabel *label : labels) {
+        QCOMPARE(label->geometry(), QRect(0, 0, 38, 38));
+        QCOMPARE(label->styleSheet(), "padding: 3px;" + sheet);
+    }
+}
+
+void TestWidgetListView::changeOfTheTitleBarPaintsItAlone_data()
+{
+    QTest::addColumn<std::function<void(WidgetListView &)>>("change");
+    QTest::addColumn<bool>("paints");
+    const auto add = [](const char *name, bool paints, const std::function<void(WidgetListView &)> &change) {
+        QTest::newRow(name) << change << paints;
+    };
+    add("another title", true, [](WidgetListView &list) { list.setTitle("Others", false); });
+    add("the same title", false, [](WidgetListView &list) { list.setTitle("Settings", false); });
+    add("the same title in the default font", true, [](WidgetListView &list) { list.setTitle("Settings", true); });
+    add("the default font", true, [](WidgetListView &list) { list.setDefaultFont(); });
+    add("an icon", true,
+        [](WidgetListView &list) { list.setTitleIcon("image: url(:/resource/images_l2/icon_disc.png);"); });
+}
+
+void TestWidgetListView::changeOfTheTitleBarPaintsItAlone()
+{
+    QFETCH(std::function<void(WidgetListView &)>, change);
+    QFETCH(bool, paints);
+    RowsModel model(RowsModel::titled(5));
+    ViewMenu menu(&model);
+    menu.list->setTitle("Settings", false);
+    QVERIFY(showAndPaint(menu.screen));
+    const QWidget *bar = menu.list->childAt(100, 10);
+    const EventRecorder recorder(&menu.screen);
+    change(*menu.list);
+    passTime(20);
+    QCOMPARE(recorder.receivers(QEvent::Paint).contains(const_cast<QWidget *>(bar)), paints);
+    QCOMPARE(recorder.count(QEvent::Paint), recorder.count(QEvent::Paint, bar));
 }
 
 QTEST_MAIN(TestWidgetListView)

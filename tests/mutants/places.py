@@ -30,12 +30,18 @@ INTEGERS = {
 LIMITS = ('qMin', 'qMax', 'qBound')
 
 
+def precompile(header, arguments, output):
+    """Reads a header once for many sources, whose arguments are to begin with "-include-pch" and the output then."""
+    options = TranslationUnit.PARSE_INCOMPLETE | TranslationUnit.PARSE_PRECOMPILED_PREAMBLE
+    Index.create().parse(header, ['-x', 'c++-header'] + arguments, options=options).save(output)
+
+
 class Source:
     def __init__(self, path, arguments):
         self.path = path
         with open(path, 'rb') as file:
             self.code = file.read()
-        unit = Index.create().parse(path, arguments, options=TranslationUnit.PARSE_DETAILED_PROCESSING_RECORD)
+        unit = Index.create().parse(path, ['-x', 'c++'] + arguments, options=TranslationUnit.PARSE_DETAILED_PROCESSING_RECORD)
         errors = [str(each) for each in unit.diagnostics if each.severity >= 3]
         if errors:
             raise RuntimeError('%s cannot be read: %s' % (path, errors[0]))

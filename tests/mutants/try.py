@@ -190,7 +190,7 @@ class Builder:
     def arguments(self, source):
         """Those that tell a reader of the source what it means."""
         words = self.units[self.units_of(source)[0]][0]
-        chosen = ['-x', 'c++']
+        chosen = []
         for i, word in enumerate(words):
             if word == '-isystem':
                 chosen += [word, words[i + 1]]
@@ -205,8 +205,9 @@ class Builder:
             headers.update(re.findall(rb'^#include <.*>', code, re.MULTILINE))
         with open(self.prefix, 'wb') as file:
             file.write(b'\n'.join(sorted(headers)) + b'\n')
-        words = self.units[self.sources()[0]][0]
-        subprocess.run(words + ['-x', 'c++-header', self.prefix, '-o', self.prefix + '.gch'], check=True)
+        first = self.sources()[0]
+        subprocess.run(self.units[first][0] + ['-x', 'c++-header', self.prefix, '-o', self.prefix + '.gch'], check=True)
+        places.precompile(self.prefix, self.arguments(first), self.prefix + '.pch')
 
     def write(self, directory, name, code):
         with open(os.path.join(directory, name), 'wb') as file:
@@ -410,7 +411,8 @@ def choose(options, builder, seed):
         if source not in builder.sources():
             fail('there is no source "%s"' % source)
     with multiprocessing.Pool(WORKERS) as pool:
-        found = pool.map(candidates_of, [(each, builder.arguments(each)) for each in sources], 1)
+        found = pool.map(candidates_of, [(each, ['-include-pch', builder.prefix + '.pch'] + builder.arguments(each))
+                                         for each in sources], 1)
     candidates = dict(zip(sources, found))
 
     equivalent = read_diffs(EQUIVALENT, head_of_equivalent)
@@ -433,6 +435,7 @@ def choose(options, builder, seed):
 def run(options, seed, scratch):
     builder = Builder(options.build, scratch)
     tester = Tester(options.build)
+    builder.precompile()
     candidates, left_out = choose(options, builder, seed)
     number = sum(len(each) for each in candidates.values())
     if options.all or options.again:
@@ -441,7 +444,6 @@ def run(options, seed, scratch):
         quotas = quotas_of(candidates, options.count)
     print('WIDGET_SEED=%d, %d of %d changes in %d sources' % (seed, sum(quotas.values()), number, len(candidates)))
     sys.stdout.flush()
-    builder.precompile()
     with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
         list(pool.map(tester.measure, sorted({each for source in quotas if quotas[source]
                                               for each in programs_of(source)})))
