@@ -454,6 +454,7 @@ def run(options, seed, scratch):
             future.result()
     counts = trial.counts
     tried = counts['caught'] + counts['survived']
+    print('\n-- What no test notices')
     for survivor in trial.survivors:
         print('\n%s' % survivor)
     print('\nWIDGET_SEED=%d' % seed)
