@@ -1,6 +1,7 @@
 // A WidgetListView over models of all kinds that change at any time.
 
 #include "allocationcount.h"
+#include "displaywork.h"
 #include "listviewtesting.h"
 
 #include <QAbstractItemModelTester>
@@ -323,6 +324,12 @@ private slots:
     // Costs
     void asksForRowsInViewOnly();
     void manyRowsCostNoMemory();
+    void formerModelIsNotListenedTo();
+    void sameModelAgainChangesNothing();
+    void modelsThatCameAndWentLeaveNothing();
+    void rowsAreOnlyToBeLookedAt();
+    void rowsThatScrollAreMovedAndNotPainted();
+    void rowHiddenTwiceIsHiddenOnce();
 
     void randomWalk_data();
     void randomWalk();
@@ -1218,6 +1225,126 @@ void TestWidgetListViewModels::randomWalk_data()
     for (int seed = 1; seed <= 4; ++seed)
         QTest::addRow("%d", seed) << seed << false;
     QTest::newRow("through a proxy") << 5 << true;
+}
+
+void TestWidgetListViewModels::formerModelIsNotListenedTo()
+{
+    RowsModel former(rowsWithValues(12));
+    RowsModel model(rowsWithValues(12));
+    ViewMenu menu(&former);
+    QVERIFY(showAndPaint(menu.screen));
+    menu.list->setModel(&model);
+    onScreen(menu.screen);
+    model.m_asked = 0;
+    const QStringList work = workOf(menu.screen, [&] {
+        for (const Change &change : changes()) {
+            change.make(former);
+            former.reset(rowsWithValues(12));
+            former.change(menu.list->selectedRow(), RowsModel::titledRow("changed"));
+            former.reset(rowsWithValues(12));
+        }
+    });
+    QCOMPARE(work, QStringList());
+    QCOMPARE(model.m_asked, 0);
+}
+
+void TestWidgetListViewModels::sameModelAgainChangesNothing()
+{
+    RowsModel model(rowsWithValues(12));
+    ViewMenu menu(&model);
+    QVERIFY(showAndPaint(menu.screen));
+    menu.list->hideItem(1);
+    menu.list->setFocusAtItem(6);
+    onScreen(menu.screen);
+    model.m_asked = 0;
+    QCOMPARE(workOf(menu.screen, [&] { menu.list->setModel(&model); }), QStringList());
+    QCOMPARE(model.m_asked, 0);
+    QCOMPARE(menu.list->selectedRow(), 6);
+    QVERIFY(menu.view()->visualRect(model.index(1)).isEmpty());
+}
+
+void TestWidgetListViewModels::modelsThatCameAndWentLeaveNothing()
+{
+    RowsModel models[2] = {RowsModel(rowsWithValues(12)), RowsModel(rowsWithValues(3))};
+    ViewMenu menu(nullptr);
+    menu.show();
+    const auto objects = [&] {
+        runEventLoop();
+        return menu.list->findChildren<QObject *>().size();
+    };
+    menu.list->setModel(&models[0]);
+    const auto before = objects();
+    for (int i = 1; i < 10; ++i)
+        menu.list->setModel(&models[i % 2]);
+    QCOMPARE(objects(), before);
+}
+
+void TestWidgetListViewModels::rowsAreOnlyToBeLookedAt()
+{
+    RowsModel model(rowsWithValues(12));
+    ViewMenu menu(&model);
+    menu.show();
+    const QAbstractItemView *view = menu.view();
+    QCOMPARE(view->focusPolicy(), Qt::NoFocus);
+    QCOMPARE(view->frameWidth(), 0);
+    QCOMPARE(view->selectionMode(), QAbstractItemView::NoSelection);
+    QCOMPARE(view->editTriggers(), QAbstractItemView::NoEditTriggers);
+    QCOMPARE(view->hasAutoScroll(), false);
+    QCOMPARE(view->verticalScrollMode(), QAbstractItemView::ScrollPerItem);
+    QCOMPARE(view->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+    // What a pointing device does goes to the screen.
+    QCOMPARE(menu.screen.childAt(100, 100), menu.list.data());
+}
+
+void TestWidgetListViewModels::rowsThatScrollAreMovedAndNotPainted()
+{
+    class Regions : public QObject
+    {
+    public:
+        QRegion m_painted;
+
+    protected:
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            if (event->type() == QEvent::Paint)
+                m_painted += static_cast<QPaintEvent *>(event)->region();
+            return false;
+        }
+    };
+    RowsModel model(rowsWithValues(40));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->setFocusAtItem(7);
+    onScreen(menu.screen);
+    Regions regions;
+    menu.view()->viewport()->installEventFilter(&regions);
+    menu.type(Qt::Key_8);
+    onScreen(menu.screen);
+    // The row that loses the focus, and the one that comes into view with it.
+    QCOMPARE(menu.top(7), s_rowHeight);
+    QVERIFY(!regions.m_painted.isEmpty());
+    QVERIFY(!regions.m_painted.intersects(QRect(0, 0, 200, s_rowHeight)));
+    regions.m_painted = QRegion();
+    menu.type(Qt::Key_2);
+    onScreen(menu.screen);
+    QCOMPARE(menu.top(7), s_rowHeight);
+    QVERIFY(!regions.m_painted.intersects(QRect(0, 0, 200, s_rowHeight)));
+    QVERIFY(regions.m_painted.intersects(QRect(0, s_rowHeight, 200, s_rowHeight)));
+}
+
+void TestWidgetListViewModels::rowHiddenTwiceIsHiddenOnce()
+{
+    RowsModel model(rowsWithValues(12));
+    ViewMenu menu(&model);
+    QVERIFY(showAndPaint(menu.screen));
+    menu.list->hideItem(3);
+    onScreen(menu.screen);
+    QCOMPARE(workOf(menu.screen, [&] { menu.list->hideItem(3); }), QStringList());
+    QVERIFY(looksFresh(menu, {3}));
+    menu.list->showItem(3);
+    onScreen(menu.screen);
+    QCOMPARE(workOf(menu.screen, [&] { menu.list->showItem(3); }), QStringList());
+    QVERIFY(looksFresh(menu));
 }
 
 void TestWidgetListViewModels::randomWalk()
