@@ -27,7 +27,7 @@ import random
 import re
 import resource
 import shlex
-import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -230,6 +230,7 @@ class Tester:
         self.build = build
         self.seconds = {}
         self.lock = threading.Lock()
+        self.running = set()
         # By source and program, the functions that have caught changes, the last one first.
         self.catchers = collections.defaultdict(list)
 
@@ -240,6 +241,7 @@ class Tester:
             [os.path.join(self.build, 'bin', program), '-nocrashhandler', *functions], cwd=library, env=environment,
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT)))
+        self.running.add(started)
         hung = threading.Event()
         timer = threading.Timer(limit, lambda: (hung.set(), started.kill()))
         timer.start()
@@ -251,6 +253,7 @@ class Tester:
                 break
         started.stdout.close()
         status = started.wait()
+        self.running.discard(started)
         timer.cancel()
         if failed:
             function, row = failed.groups()
@@ -310,6 +313,7 @@ class Trial:
         self.waiting = {each: collections.deque(candidates[each]) for each in candidates}
         self.left = dict(quotas)
         self.total = sum(quotas.values())
+        self.stopped = False
         self.lock = threading.Condition()
         self.counts = collections.Counter()
         self.survivors = []
@@ -318,10 +322,15 @@ class Trial:
         """A candidate, from a source that has been taken from before if possible; None at the end."""
         with self.lock:
             for source in sorted(self.left, key=lambda each: (each != preferred, each)):
-                if self.left[source] > 0 and self.waiting[source]:
+                if not self.stopped and self.left[source] > 0 and self.waiting[source]:
                     self.left[source] -= 1
                     return self.waiting[source].popleft()
             return None
+
+    def stop(self):
+        self.stopped = True
+        for program in list(self.tester.running):
+            program.kill()
 
     def give_back(self, mutant, what):
         with self.lock:
@@ -450,8 +459,11 @@ def run(options, seed, scratch):
 
     trial = Trial(builder, tester, candidates, quotas)
     with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
-        for future in [pool.submit(trial.work, each) for each in range(WORKERS)]:
-            future.result()
+        try:
+            for future in [pool.submit(trial.work, each) for each in range(WORKERS)]:
+                future.result()
+        finally:
+            trial.stop()
     counts = trial.counts
     tried = counts['caught'] + counts['survived']
     print('\n-- What no test notices')
@@ -469,6 +481,7 @@ def run(options, seed, scratch):
 def main():
     options = parse_arguments()
     options.build = os.path.abspath(options.build)
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     start = time.monotonic()
     seed = int(os.environ.get('WIDGET_SEED') or random.SystemRandom().randrange(100000))
     with tempfile.TemporaryDirectory() as scratch:
