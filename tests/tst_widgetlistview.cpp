@@ -230,6 +230,11 @@ private slots:
     void everythingWorksWithoutAModel_data();
     void everythingWorksWithoutAModel();
 
+    // The rows' part of the list, as the toolkit sees it
+    void rowsAreFoundWhereTheyAre();
+    void eachLineIsPaintedByItself();
+    void rowsFollowTheFontOfTheApplication();
+
     // Title bar
     void iconTakesALabelOnlyWhereItMust_data();
     void iconTakesALabelOnlyWhereItMust();
@@ -1428,6 +1433,84 @@ void TestWidgetListView::everythingWorksWithoutAModel()
         menu.list->setNoFocusStyle(3);
         doEverything();
     }
+}
+
+void TestWidgetListView::rowsAreFoundWhereTheyAre()
+{
+    RowsModel model(RowsModel::titled(8));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->hideItem(1);
+    menu.list->setFocusAtItem(5);
+    // Rows 3, 4 and 5 are in view; with row 1 hidden they have the places 2 to 4.
+    const QAbstractItemView *view = menu.view();
+    const auto rowAt = [&](int x, int y) { return view->indexAt(QPoint(x, y)).row(); };
+    for (int row = 3; row <= 5; ++row) {
+        const QRect rect = view->visualRect(model.index(row));
+        QCOMPARE(rect, QRect(0, (row - 3) * 46, 220, 46));
+        QCOMPARE(rowAt(0, rect.top()), row);
+        QCOMPARE(rowAt(200, rect.bottom()), row);
+    }
+    QCOMPARE(view->visualRect(model.index(1)), QRect());
+    QCOMPARE(view->visualRect(QModelIndex()), QRect());
+    QCOMPARE(view->visualRect(model.index(0)), QRect(0, -2 * 46, 220, 46));
+    QCOMPARE(view->visualRect(model.index(2)), QRect(0, -46, 220, 46));
+    QCOMPARE(rowAt(-1, 10), -1);
+    QCOMPARE(rowAt(10, -1), -1);
+    QCOMPARE(rowAt(10, 138), -1);
+    QCOMPARE(rowAt(220, 10), -1);
+    // Below the last one.
+    for (int row = 0; row < 7; ++row)
+        menu.list->hideItem(row);
+    QCOMPARE(rowAt(10, 45), 7);
+    QCOMPARE(rowAt(10, 46), -1);
+    RecordingPlatform::reset();
+}
+
+void TestWidgetListView::eachLineIsPaintedByItself()
+{
+    QList<Row> rows = RowsModel::titled(5);
+    for (Row &row : rows)
+        row.setValue = QStringLiteral("a value");
+    RowsModel model(rows);
+    ViewMenu menu(&model);
+    menu.list->setRowHeight(30);
+    menu.show();
+    for (int row : {0, 4}) {
+        menu.list->setFocusAtItem(row);
+        const auto paint = [&](QImage *image, const QRegion &region) {
+            menu.view()->viewport()->render(image, region.boundingRect().topLeft(), region, QWidget::RenderFlags());
+        };
+        QImage atOnce(menu.view()->viewport()->size(), QImage::Format_RGB32);
+        QImage byLines(atOnce.size(), QImage::Format_RGB32);
+        paint(&atOnce, atOnce.rect());
+        for (int y = 0; y < atOnce.height(); ++y)
+            paint(&byLines, QRect(0, y, atOnce.width(), 1));
+        QCOMPARE(byLines, atOnce);
+    }
+}
+
+void TestWidgetListView::rowsFollowTheFontOfTheApplication()
+{
+    QList<Row> rows = RowsModel::titled(3);
+    rows[0].setValue = QStringLiteral("a value");
+    rows[1].badge = 1;
+    RowsModel model(rows);
+    ViewMenu menu(&model);
+    menu.show();
+    const auto seenRows = [](ViewMenu &list) { return list.picture().copy(0, 38, 220, 138); };
+    const QImage before = seenRows(menu);
+    const QFont font = QApplication::font();
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans Mono")));
+    const QImage after = seenRows(menu);
+    ViewMenu other(&model);
+    other.show();
+    const QImage expected = seenRows(other);
+    QApplication::setFont(font);
+    QVERIFY(after != before);
+    QCOMPARE(after, expected);
+    menu.show();
+    QCOMPARE(seenRows(menu), before);
 }
 
 void TestWidgetListView::iconTakesALabelOnlyWhereItMust_data()

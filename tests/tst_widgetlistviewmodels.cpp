@@ -64,6 +64,22 @@ bool looksFresh(ViewMenu &menu, const QList<int> &hidden = QList<int>(), int row
     return false;
 }
 
+const QString s_longTitle = QStringLiteral("A title that is wider than its row has room for, whatever stands there");
+
+/// Has a title that scrolls go on by one character. Returns how many there are.
+int turnTitle(const ViewMenu &menu)
+{
+    int timers = 0;
+    for (const auto &timer : QAbstractEventDispatcher::instance()->registeredTimers(menu.view())) {
+        if (timer.interval != 200)
+            continue;
+        ++timers;
+        QTimerEvent event(timer.timerId);
+        QCoreApplication::sendEvent(menu.view(), &event);
+    }
+    return timers;
+}
+
 QList<Row> rowsWithValues(int count, const QString &prefix = QStringLiteral("row"))
 {
     QList<Row> rows = RowsModel::titled(count, prefix);
@@ -301,6 +317,8 @@ private slots:
     void valueMayFilterItsRowOut();
     void hiddenRowsStayHiddenWithTheirItems();
     void longTitleScrollsOnWhenRowsComeAbove();
+    void sameTitleInTheNextRowStartsFromItsBeginning();
+    void titleScrollsOnlyWhereItIsSeenWithTheFocus();
     void focusComesToTheNextRowsOfAnEmptyModel();
     void rowIsForgottenWhenTheListIsHidden();
 
@@ -324,6 +342,7 @@ private slots:
     // Costs
     void asksForRowsInViewOnly();
     void manyRowsCostNoMemory();
+    void changeOfOneRowAsksForThatRowOnly();
     void formerModelIsNotListenedTo();
     void sameModelAgainChangesNothing();
     void modelsThatCameAndWentLeaveNothing();
@@ -621,22 +640,11 @@ void TestWidgetListViewModels::hiddenRowsStayHiddenWithTheirItems()
 
 void TestWidgetListViewModels::longTitleScrollsOnWhenRowsComeAbove()
 {
-    const QString longTitle = QStringLiteral("A title that is wider than its row has room for, whatever stands there");
-    RowsModel model(RowsModel::titled(QStringList({"one", longTitle, "three"})));
+    RowsModel model(RowsModel::titled(QStringList({"one", s_longTitle, "three"})));
     ViewMenu menu(&model);
     menu.show();
     menu.type(Qt::Key_8);
-    const auto turn = [&] {
-        int timers = 0;
-        for (const auto &timer : QAbstractEventDispatcher::instance()->registeredTimers(menu.view())) {
-            if (timer.interval != 200)
-                continue;
-            ++timers;
-            QTimerEvent event(timer.timerId);
-            QCoreApplication::sendEvent(menu.view(), &event);
-        }
-        return timers;
-    };
+    const auto turn = [&] { return turnTitle(menu); };
     const auto rowPicture = [&] {
         const QRect rect = menu.view()->visualRect(menu.list->model()->index(menu.list->selectedRow(), 0));
         return onScreen(menu.screen).copy(0, 38 + rect.top(), 210, rect.height());
@@ -654,7 +662,7 @@ void TestWidgetListViewModels::longTitleScrollsOnWhenRowsComeAbove()
     model.change(6, row);
     QCOMPARE(turn(), 0);
     QVERIFY(looksFresh(menu));
-    row.title = longTitle;
+    row.title = s_longTitle;
     model.change(6, row);
     QCOMPARE(rowPicture(), atRest);
     QCOMPARE(turn(), 1);
@@ -662,11 +670,60 @@ void TestWidgetListViewModels::longTitleScrollsOnWhenRowsComeAbove()
     model.remove(6, 1);
     QCOMPARE(turn(), 0);
     QVERIFY(looksFresh(menu));
-    model.insert(0, RowsModel::titled(QStringList(longTitle)));
+    model.insert(0, RowsModel::titled(QStringList(s_longTitle)));
     menu.list->setFocusAtItem(0);
     QCOMPARE(turn(), 1);
     menu.list->setModel(nullptr);
     QCOMPARE(turn(), 0);
+}
+
+void TestWidgetListViewModels::sameTitleInTheNextRowStartsFromItsBeginning()
+{
+    RowsModel model(RowsModel::titled(QStringList({s_longTitle, s_longTitle})));
+    ViewMenu menu(&model);
+    menu.show();
+    const auto rowPicture = [&](int row) { return onScreen(menu.screen).copy(0, 38 + row * s_rowHeight, 210, s_rowHeight); };
+    const QImage atRest = rowPicture(0);
+    QCOMPARE(turnTitle(menu), 1);
+    const QImage turnedOnce = rowPicture(0);
+    QCOMPARE(turnTitle(menu), 1);
+    QVERIFY(rowPicture(0) != atRest);
+    QVERIFY(rowPicture(0) != turnedOnce);
+    menu.type(Qt::Key_8);
+    QCOMPARE(rowPicture(1), atRest);
+    QCOMPARE(turnTitle(menu), 1);
+    QCOMPARE(rowPicture(1), turnedOnce);
+}
+
+void TestWidgetListViewModels::titleScrollsOnlyWhereItIsSeenWithTheFocus()
+{
+    RowsModel model(RowsModel::titled(QStringList({s_longTitle, "short"})));
+    ViewMenu menu(&model);
+    QWidget other(&menu.screen);
+    other.setFocusPolicy(Qt::StrongFocus);
+    QCOMPARE(turnTitle(menu), 0);
+    menu.show();
+    const QImage atRest = menu.picture();
+    QCOMPARE(turnTitle(menu), 1);
+    other.setFocus();
+    QCOMPARE(turnTitle(menu), 0);
+    menu.list->setFocus();
+    QCOMPARE(menu.picture(), atRest);
+    QCOMPARE(turnTitle(menu), 1);
+    menu.list->hideItem(0);
+    QCOMPARE(turnTitle(menu), 0);
+    menu.list->showItem(0);
+    QCOMPARE(menu.picture(), atRest);
+    QCOMPARE(turnTitle(menu), 1);
+    menu.list->hideItem(1);
+    QVERIFY(menu.picture() != atRest);
+    QCOMPARE(turnTitle(menu), 1);
+    menu.list->hide();
+    QCOMPARE(turnTitle(menu), 0);
+    menu.list->show();
+    QCOMPARE(turnTitle(menu), 1);
+    menu.list->setNoFocusStyle(0);
+    QCOMPARE(turnTitle(menu), 0);
 }
 
 void TestWidgetListViewModels::focusComesToTheNextRowsOfAnEmptyModel()
@@ -1225,6 +1282,21 @@ void TestWidgetListViewModels::randomWalk_data()
     for (int seed = 1; seed <= 4; ++seed)
         QTest::addRow("%d", seed) << seed << false;
     QTest::newRow("through a proxy") << 5 << true;
+}
+
+void TestWidgetListViewModels::changeOfOneRowAsksForThatRowOnly()
+{
+    AskedModel model(rowsWithValues(12));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->setFocusAtItem(1);
+    for (int row : {0, 2, 1, 5}) {
+        onScreen(menu.screen);
+        model.m_askedRows.clear();
+        model.change(row, RowsModel::titledRow("changed"));
+        onScreen(menu.screen);
+        QCOMPARE(model.m_askedRows, row < s_rowsInView ? QSet<int>{row} : QSet<int>());
+    }
 }
 
 void TestWidgetListViewModels::formerModelIsNotListenedTo()
