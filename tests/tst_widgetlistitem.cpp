@@ -162,6 +162,8 @@ private slots:
     // Fonts and fitting
     void defaultFontsFollowTheLayout_data();
     void defaultFontsFollowTheLayout();
+    void weightsDoNotFollowTheFontOfTheApplication_data();
+    void weightsDoNotFollowTheFontOfTheApplication();
     void textIsCutOnlyWhenItsRoundedWidthIsGreater_data();
     void textIsCutOnlyWhenItsRoundedWidthIsGreater();
     void longTitleIsCutAtTheRight();
@@ -870,6 +872,30 @@ void TestWidgetListItem::defaultFontsFollowTheLayout()
     QCOMPARE(int(parts.badge->font().weight()), int(QFont::Bold));
     QCOMPARE(parts.value->font().pointSize(), 14);
     QCOMPARE(int(parts.value->font().weight()), int(QFont::Normal));
+}
+
+void TestWidgetListItem::weightsDoNotFollowTheFontOfTheApplication_data()
+{
+    QTest::addColumn<int>("weight");
+    QTest::newRow("light") << int(QFont::Light);
+    QTest::newRow("bold") << int(QFont::Bold);
+    QTest::newRow("black") << int(QFont::Black);
+}
+
+void TestWidgetListItem::weightsDoNotFollowTheFontOfTheApplication()
+{
+    QFETCH(int, weight);
+    QFont font;
+    font.setWeight(QFont::Weight(weight));
+    QApplication::setFont(font);
+    WidgetListItem row(nullptr, sound());
+    const RowParts parts(row);
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(int(parts.title->font().weight()), int(QFont::Bold));
+        QCOMPARE(int(parts.badge->font().weight()), int(QFont::Bold));
+        QCOMPARE(int(parts.value->font().weight()), int(QFont::Normal));
+        row.setDefaultFont();
+    }
 }
 
 void TestWidgetListItem::textIsCutOnlyWhenItsRoundedWidthIsGreater_data()
