@@ -168,7 +168,7 @@ private slots:
     void badRowsAreLogged_data();
     void badRowsAreLogged();
     void initialAndLastFocusCanBeInvoked();
-    void rowHeightsBelowOneCountAsOne();
+    void rowHeightsAreFromOneToTheHeightOfTheList();
 
     // Hidden rows
     void hiddenRowsArePassed();
@@ -530,7 +530,7 @@ void TestWidgetListView::initialAndLastFocusCanBeInvoked()
     QCOMPARE(takeNotes(), QStringList());
 }
 
-void TestWidgetListView::rowHeightsBelowOneCountAsOne()
+void TestWidgetListView::rowHeightsAreFromOneToTheHeightOfTheList()
 {
     RowsModel model(RowsModel::titled(300));
     ViewMenu menu(&model);
@@ -546,9 +546,12 @@ void TestWidgetListView::rowHeightsBelowOneCountAsOne()
         menu.list->setFocusAtItem(0);
         menu.picture();
     }
-    menu.list->setRowHeight(1000);
+    for (int height : {138, 139, 1000, INT_MAX}) {
+        menu.list->setRowHeight(height);
+        QCOMPARE(menu.top(1) - menu.top(0), 138);
+    }
     menu.list->setFocusAtItem(299);
-    menu.picture();
+    QVERIFY(menu.isInView(299));
     QCOMPARE(menu.type(Qt::Key_8), 0);
 }
 
