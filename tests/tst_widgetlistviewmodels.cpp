@@ -327,6 +327,7 @@ private slots:
     void standardItemModelWorksAsItIs();
     void standardItemModelMayHaveChildren();
     void firstColumnMayComeAndGo();
+    void columnsMayChangePlaces();
     void proxyMayFilterAndSort();
     void anotherModelKeepsTheNearestRow();
     void modelsMayBeShared();
@@ -338,6 +339,7 @@ private slots:
     void fetchesForAnEmptyListAtItsShow();
     void fetchesWhatComesLater();
     void fetchWithoutRowsIsNotAskedForAgainAndAgain();
+    void fetchIsNotAskedForInTheMiddleOfAFetch();
 
     // Costs
     void asksForRowsInViewOnly();
@@ -897,6 +899,49 @@ void TestWidgetListViewModels::firstColumnMayComeAndGo()
     menu.type(Qt::Key_8);
 }
 
+void TestWidgetListViewModels::columnsMayChangePlaces()
+{
+    // One of the columns has values, the other one has not.
+    class TwoColumns : public QAbstractTableModel
+    {
+    public:
+        int rowCount(const QModelIndex &parent = QModelIndex()) const override { return parent.isValid() ? 0 : 3; }
+        int columnCount(const QModelIndex &parent = QModelIndex()) const override { return parent.isValid() ? 0 : 2; }
+
+        QVariant data(const QModelIndex &index, int role) const override
+        {
+            const bool first = (index.column() == 0) != m_swapped;
+            if (role == WidgetListView::TitleRole)
+                return first ? QStringLiteral("first") : QStringLiteral("second");
+            return role == WidgetListView::ValuesRole && first ? QStringList{"a", "b"} : QVariant();
+        }
+
+        bool setData(const QModelIndex &, const QVariant &, int) override { return true; }
+
+        void swap()
+        {
+            beginMoveColumns(QModelIndex(), 1, 1, QModelIndex(), 0);
+            m_swapped = !m_swapped;
+            endMoveColumns();
+        }
+
+    private:
+        bool m_swapped = false;
+    };
+    TwoColumns model;
+    ViewMenu menu(&model);
+    menu.show();
+    menu.type(Qt::Key_8);
+    takeNotes();
+    menu.type(Qt::Key_6);
+    QCOMPARE(takeNotes(), QStringList({"doChange 1", s_click}));
+    model.swap();
+    QVERIFY(looksFresh(menu));
+    menu.type(Qt::Key_6);
+    QCOMPARE(takeNotes(), QStringList{"handed on: release 6"});
+    QCOMPARE(menu.list->selectedRow(), 1);
+}
+
 void TestWidgetListViewModels::proxyMayFilterAndSort()
 {
     RowsModel model(rowsWithValues(60));
@@ -1106,6 +1151,44 @@ void TestWidgetListViewModels::fetchWithoutRowsIsNotAskedForAgainAndAgain()
         onScreen(menu.screen);
         QVERIFY(model.m_fetches <= before + 1);
     }
+}
+
+void TestWidgetListViewModels::fetchIsNotAskedForInTheMiddleOfAFetch()
+{
+    class NestingModel : public LazyModel
+    {
+    public:
+        NestingModel()
+            : LazyModel(200, 1)
+        {
+        }
+
+        void fetchMore(const QModelIndex &parent) override
+        {
+            m_deepest = qMax(m_deepest, ++m_depth);
+            LazyModel::fetchMore(parent);
+            --m_depth;
+        }
+
+        int m_deepest = 0;
+
+    private:
+        int m_depth = 0;
+    };
+    NestingModel model;
+    ViewMenu menu(&model);
+    // As an application does that wants the first row whatever comes.
+    QObject::connect(&model, &QAbstractItemModel::rowsInserted, menu.list.data(),
+                     [&] { menu.list->setFocusAtItem(0); });
+    menu.show();
+    // The toolkit itself asks for more where the current row is the last one, as the first is that comes.
+    QVERIFY2(model.m_deepest <= 2, qPrintable(QString::number(model.m_deepest)));
+    QCOMPARE(menu.list->selectedRow(), 0);
+    const int fetched = model.rowCount();
+    QVERIFY(fetched > 2 * s_rowsInView);
+    // And there is a next time.
+    menu.list->setFocusAtItem(fetched - 2);
+    QVERIFY(model.rowCount() > fetched);
 }
 
 void TestWidgetListViewModels::asksForRowsInViewOnly()
