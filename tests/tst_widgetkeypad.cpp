@@ -46,6 +46,7 @@ private slots:
     void everyShowStartsOnTheLowestEnabledPage_data();
     void everyShowStartsOnTheLowestEnabledPage();
     void setInitialPageDoesNotShowThePage();
+    void pagesCountFromTheFirstBeforeTheShow();
     void changePageGoesToTheNextEnabledPage_data();
     void changePageGoesToTheNextEnabledPage();
     void changePageWithNoPageEnabledChangesNothing();
@@ -492,6 +493,18 @@ void TestWidgetKeypad::setInitialPageDoesNotShowThePage()
     QCOMPARE(keyLabel(keypad, 0, 0)->text(), QString("3"));
     release(keypad, Qt::Key_2);
     QCOMPARE(line(keypad)->text(), QString("1"));
+}
+
+void TestWidgetKeypad::pagesCountFromTheFirstBeforeTheShow()
+{
+    FilledKeypad keypad;
+    fillWithPageNumbers(keypad, "012345");
+    keypad.changePage(true);
+    QCOMPARE(keyLabel(keypad, 0, 0)->text(), QString("1"));
+    FilledKeypad another;
+    fillWithPageNumbers(another, "012345");
+    another.changePage(false);
+    QCOMPARE(keyLabel(another, 0, 0)->text(), QString("5"));
 }
 
 void TestWidgetKeypad::changePageGoesToTheNextEnabledPage_data()

@@ -119,6 +119,7 @@ private slots:
     void intervalEnds();
     void everyPressStartsTheIntervalAnew();
 
+    void firstCharacterAfterAnInitialTextHidesItAgain();
     void slotMayDeleteTheKeypad_data();
     void slotMayDeleteTheKeypad();
     void slotMayTypeOnAndChangeEverything();
@@ -1198,7 +1199,8 @@ void TestWidgetKeypadInput::intervalEnds_data()
         connect(expired.keypad, &WidgetKeypad::inputLetter, [&expired](QChar letter) { expired.letters += letter; });
         Expiries[i].prepare(*expired.keypad);
     }
-    passTime(1500);
+    // Past what would be the end of a second one.
+    passTime(2700);
 }
 
 void TestWidgetKeypadInput::intervalEnds()
@@ -1234,6 +1236,18 @@ void TestWidgetKeypadInput::everyPressStartsTheIntervalAnew()
     QCOMPARE(eventsBefore, QStringList());
     QCOMPARE(eventsAfter, QStringList() << "inputLetter:b");
     QCOMPARE(litKeys(keypad), QStringList());
+}
+
+void TestWidgetKeypadInput::firstCharacterAfterAnInitialTextHidesItAgain()
+{
+    ShownKeypad keypad;
+    keypad.hideText(true);
+    type(keypad, "1");
+    QCOMPARE(line(keypad)->echoMode(), QLineEdit::Password);
+    keypad.setInitialLineText("Home", false, true, false);
+    QCOMPARE(line(keypad)->echoMode(), QLineEdit::Normal);
+    type(keypad, "1");
+    QCOMPARE(line(keypad)->echoMode(), QLineEdit::Password);
 }
 
 void TestWidgetKeypadInput::slotMayDeleteTheKeypad_data()

@@ -56,6 +56,18 @@ void addTitle(WidgetListItem &row, const QString &kind)
         row.setTitle(new QLabel(QStringLiteral("Title")));
 }
 
+/// Which of the parts with texts are seen: T the title label, S the title stack, V the value label, W the value stack.
+QString seenTexts(const WidgetListItem &row)
+{
+    const RowParts parts(row);
+    QString seen;
+    seen += parts.title->isVisible() ? "T" : "";
+    seen += parts.titleStack->isVisible() ? "S" : "";
+    seen += parts.value->isVisible() ? "V" : "";
+    seen += parts.valueStack->isVisible() ? "W" : "";
+    return seen;
+}
+
 void sendFocus(QWidget *widget, QEvent::Type type)
 {
     QFocusEvent event(type, Qt::OtherFocusReason);
@@ -116,6 +128,8 @@ private slots:
     void doesNotLayOutBeforeItIsShownOrRefreshed();
     void showsWhatBelongsToItsKind_data();
     void showsWhatBelongsToItsKind();
+    void showsWhatBelongsToItsKindFromThenOn_data();
+    void showsWhatBelongsToItsKindFromThenOn();
     void alignsItsTexts_data();
     void alignsItsTexts();
     void emptiedTextRowHidesItsValue();
@@ -148,6 +162,8 @@ private slots:
     // Fonts and fitting
     void defaultFontsFollowTheLayout_data();
     void defaultFontsFollowTheLayout();
+    void weightsDoNotFollowTheFontOfTheApplication_data();
+    void weightsDoNotFollowTheFontOfTheApplication();
     void textIsCutOnlyWhenItsRoundedWidthIsGreater_data();
     void textIsCutOnlyWhenItsRoundedWidthIsGreater();
     void longTitleIsCutAtTheRight();
@@ -345,7 +361,7 @@ void TestWidgetListItem::showsWhatBelongsToItsKind_data()
 {
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("values");
-    QTest::addColumn<QString>("shown");  // T title label, S title stack, V value label, W value stack
+    QTest::addColumn<QString>("shown");
     QTest::newRow("nothing: the title parts are left alone") << "none" << "" << "TS";
     QTest::newRow("title text") << "text" << "" << "T";
     QTest::newRow("title widget") << "widget" << "" << "S";
@@ -366,13 +382,42 @@ void TestWidgetListItem::showsWhatBelongsToItsKind()
     addTitle(row, title);
     addValues(row, values);
     row.show();
-    const RowParts parts(row);
-    QString shown;
-    shown += parts.title->isVisible() ? "T" : "";
-    shown += parts.titleStack->isVisible() ? "S" : "";
-    shown += parts.value->isVisible() ? "V" : "";
-    shown += parts.valueStack->isVisible() ? "W" : "";
-    QTEST(shown, "shown");
+    QTEST(seenTexts(row), "shown");
+}
+
+void TestWidgetListItem::showsWhatBelongsToItsKindFromThenOn_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("values");
+    QTest::addColumn<QString>("laterTitle");
+    QTest::addColumn<QString>("laterValues");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("title widget for a text") << "text" << "" << "widget" << "" << "S";
+    QTest::newRow("title text for a widget") << "widget" << "" << "text" << "" << "T";
+    QTest::newRow("title widget for none") << "none" << "" << "widget" << "" << "S";
+    QTest::newRow("title text for none") << "none" << "" << "text" << "" << "T";
+    QTest::newRow("text for no value") << "text" << "" << "none" << "t" << "TV";
+    QTest::newRow("widget for no value") << "text" << "" << "none" << "w" << "TW";
+    QTest::newRow("widget for a text") << "text" << "t" << "none" << "w" << "TW";
+    QTest::newRow("text for a widget") << "text" << "w" << "none" << "t" << "TV";
+    QTest::newRow("display value for a text") << "text" << "t" << "none" << "d" << "TV";
+}
+
+void TestWidgetListItem::showsWhatBelongsToItsKindFromThenOn()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, values);
+    QFETCH(QString, laterTitle);
+    QFETCH(QString, laterValues);
+    WidgetListItem row(nullptr, sound());
+    row.setGeometry(0, 0, 220, 46);
+    addTitle(row, title);
+    addValues(row, values);
+    row.show();
+    addTitle(row, laterTitle);
+    addValues(row, laterValues);
+    row.refresh();
+    QTEST(seenTexts(row), "shown");
 }
 
 void TestWidgetListItem::alignsItsTexts_data()
@@ -827,6 +872,30 @@ void TestWidgetListItem::defaultFontsFollowTheLayout()
     QCOMPARE(int(parts.badge->font().weight()), int(QFont::Bold));
     QCOMPARE(parts.value->font().pointSize(), 14);
     QCOMPARE(int(parts.value->font().weight()), int(QFont::Normal));
+}
+
+void TestWidgetListItem::weightsDoNotFollowTheFontOfTheApplication_data()
+{
+    QTest::addColumn<int>("weight");
+    QTest::newRow("light") << int(QFont::Light);
+    QTest::newRow("bold") << int(QFont::Bold);
+    QTest::newRow("black") << int(QFont::Black);
+}
+
+void TestWidgetListItem::weightsDoNotFollowTheFontOfTheApplication()
+{
+    QFETCH(int, weight);
+    QFont font;
+    font.setWeight(QFont::Weight(weight));
+    QApplication::setFont(font);
+    WidgetListItem row(nullptr, sound());
+    const RowParts parts(row);
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(int(parts.title->font().weight()), int(QFont::Bold));
+        QCOMPARE(int(parts.badge->font().weight()), int(QFont::Bold));
+        QCOMPARE(int(parts.value->font().weight()), int(QFont::Normal));
+        row.setDefaultFont();
+    }
 }
 
 void TestWidgetListItem::textIsCutOnlyWhenItsRoundedWidthIsGreater_data()

@@ -110,6 +110,8 @@ private slots:
     void rowDeletedBesideItsNewPlace();
     void deletedChildOfAnotherParentIsForgotten();
     void rowMovedToAnotherListIsForgottenByTheFirst();
+    void rowTakenOutOfItsCellLeavesTheOthersWhenItIsDeleted();
+    void rowThatIsToBeDeletedGoesFromItsListAsWell();
     void deletedRowsMakeRoomForOthers();
     void randomRowsComeAndGo();
     void rowsGoFromTheLastToTheFirst_data();
@@ -597,6 +599,33 @@ void TestWidgetListRows::rowMovedToAnotherListIsForgottenByTheFirst()
     QVERIFY(item->isVisible());
     delete item;
     QCOMPARE(other.table()->cellWidget(0, 0), nullptr);
+}
+
+void TestWidgetListRows::rowTakenOutOfItsCellLeavesTheOthersWhenItIsDeleted()
+{
+    Menu menu(3);
+    menu.show();
+    WidgetListItem *item = menu.item(1);
+    menu.table()->removeCellWidget(1, 0);
+    delete item;
+    runEventLoop();
+    QVERIFY(menu.item(0) && menu.item(0)->isVisible());
+    QVERIFY(menu.item(2) && menu.item(2)->isVisible());
+    QCOMPARE(focusedRow(*menu.list), 0);
+}
+
+void TestWidgetListRows::rowThatIsToBeDeletedGoesFromItsListAsWell()
+{
+    Menu menu(0);
+    menu.list->setRowCount(2);
+    menu.show();
+    const QPointer<WidgetListItem> item = newRow(QStringLiteral("title"));
+    item->deleteLater();
+    menu.list->addListItem(item);
+    QCOMPARE(menu.item(0), item.data());
+    runEventLoop();
+    QVERIFY(!item);
+    QCOMPARE(menu.table()->cellWidget(0, 0), nullptr);
 }
 
 void TestWidgetListRows::deletedRowsMakeRoomForOthers()

@@ -1,12 +1,17 @@
+#include "displaywork.h"
 #include "listtesting.h"
 #include "listviewtesting.h"
 
+#include <QLabel>
 #include <QStringListModel>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <climits>
 #include <functional>
 #include <memory>
+
+Q_DECLARE_METATYPE(std::function<void(WidgetListView &)>)
 
 namespace {
 
@@ -163,7 +168,7 @@ private slots:
     void badRowsAreLogged_data();
     void badRowsAreLogged();
     void initialAndLastFocusCanBeInvoked();
-    void rowHeightsBelowOneCountAsOne();
+    void rowHeightsAreFromOneToTheHeightOfTheList();
 
     // Hidden rows
     void hiddenRowsArePassed();
@@ -224,6 +229,17 @@ private slots:
     // Without a model
     void everythingWorksWithoutAModel_data();
     void everythingWorksWithoutAModel();
+
+    // The rows' part of the list, as the toolkit sees it
+    void rowsAreFoundWhereTheyAre();
+    void eachLineIsPaintedByItself();
+    void rowsFollowTheFontOfTheApplication();
+
+    // Title bar
+    void iconTakesALabelOnlyWhereItMust_data();
+    void iconTakesALabelOnlyWhereItMust();
+    void changeOfTheTitleBarPaintsItAlone_data();
+    void changeOfTheTitleBarPaintsItAlone();
 };
 
 void TestWidgetListView::init()
@@ -514,7 +530,7 @@ void TestWidgetListView::initialAndLastFocusCanBeInvoked()
     QCOMPARE(takeNotes(), QStringList());
 }
 
-void TestWidgetListView::rowHeightsBelowOneCountAsOne()
+void TestWidgetListView::rowHeightsAreFromOneToTheHeightOfTheList()
 {
     RowsModel model(RowsModel::titled(300));
     ViewMenu menu(&model);
@@ -530,9 +546,12 @@ void TestWidgetListView::rowHeightsBelowOneCountAsOne()
         menu.list->setFocusAtItem(0);
         menu.picture();
     }
-    menu.list->setRowHeight(1000);
+    for (int height : {138, 139, 1000, INT_MAX}) {
+        menu.list->setRowHeight(height);
+        QCOMPARE(menu.top(1) - menu.top(0), 138);
+    }
     menu.list->setFocusAtItem(299);
-    menu.picture();
+    QVERIFY(menu.isInView(299));
     QCOMPARE(menu.type(Qt::Key_8), 0);
 }
 
@@ -1417,6 +1436,145 @@ void TestWidgetListView::everythingWorksWithoutAModel()
         menu.list->setNoFocusStyle(3);
         doEverything();
     }
+}
+
+void TestWidgetListView::rowsAreFoundWhereTheyAre()
+{
+    RowsModel model(RowsModel::titled(8));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->hideItem(1);
+    menu.list->setFocusAtItem(5);
+    // Rows 3, 4 and 5 are in view; with row 1 hidden they have the places 2 to 4.
+    const QAbstractItemView *view = menu.view();
+    const auto rowAt = [&](int x, int y) { return view->indexAt(QPoint(x, y)).row(); };
+    for (int row = 3; row <= 5; ++row) {
+        const QRect rect = view->visualRect(model.index(row));
+        QCOMPARE(rect, QRect(0, (row - 3) * 46, 220, 46));
+        QCOMPARE(rowAt(0, rect.top()), row);
+        QCOMPARE(rowAt(200, rect.bottom()), row);
+    }
+    QCOMPARE(view->visualRect(model.index(1)), QRect());
+    QCOMPARE(view->visualRect(QModelIndex()), QRect());
+    QCOMPARE(view->visualRect(model.index(0)), QRect(0, -2 * 46, 220, 46));
+    QCOMPARE(view->visualRect(model.index(2)), QRect(0, -46, 220, 46));
+    QCOMPARE(rowAt(-1, 10), -1);
+    QCOMPARE(rowAt(10, -1), -1);
+    QCOMPARE(rowAt(10, 138), -1);
+    QCOMPARE(rowAt(220, 10), -1);
+    // Below the last one.
+    for (int row = 0; row < 7; ++row)
+        menu.list->hideItem(row);
+    QCOMPARE(rowAt(10, 45), 7);
+    QCOMPARE(rowAt(10, 46), -1);
+    RecordingPlatform::reset();
+}
+
+void TestWidgetListView::eachLineIsPaintedByItself()
+{
+    QList<Row> rows = RowsModel::titled(5);
+    for (Row &row : rows)
+        row.setValue = QStringLiteral("a value");
+    RowsModel model(rows);
+    ViewMenu menu(&model);
+    menu.list->setRowHeight(30);
+    menu.show();
+    for (int row : {0, 4}) {
+        menu.list->setFocusAtItem(row);
+        const auto paint = [&](QImage *image, const QRegion &region) {
+            menu.view()->viewport()->render(image, region.boundingRect().topLeft(), region, QWidget::RenderFlags());
+        };
+        QImage atOnce(menu.view()->viewport()->size(), QImage::Format_RGB32);
+        QImage byLines(atOnce.size(), QImage::Format_RGB32);
+        paint(&atOnce, atOnce.rect());
+        for (int y = 0; y < atOnce.height(); ++y)
+            paint(&byLines, QRect(0, y, atOnce.width(), 1));
+        QCOMPARE(byLines, atOnce);
+    }
+}
+
+void TestWidgetListView::rowsFollowTheFontOfTheApplication()
+{
+    QList<Row> rows = RowsModel::titled(3);
+    rows[0].setValue = QStringLiteral("a value");
+    rows[1].badge = 1;
+    RowsModel model(rows);
+    ViewMenu menu(&model);
+    menu.show();
+    const auto seenRows = [](ViewMenu &list) { return list.picture().copy(0, 38, 220, 138); };
+    const QImage before = seenRows(menu);
+    const QFont font = QApplication::font();
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans Mono")));
+    const QImage after = seenRows(menu);
+    ViewMenu other(&model);
+    other.show();
+    const QImage expected = seenRows(other);
+    QApplication::setFont(font);
+    QVERIFY(after != before);
+    QCOMPARE(after, expected);
+    menu.show();
+    QCOMPARE(seenRows(menu), before);
+}
+
+void TestWidgetListView::iconTakesALabelOnlyWhereItMust_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<int>("labels");
+    QTest::newRow("none") << QString() << 1;
+    QTest::newRow("a picture of a resource") << "image: url(:/resource/images_l2/icon_disc.png);" << 0;
+    QTest::newRow("a picture in a file") << "image: url(%1);" << 1;
+    QTest::newRow("a picture that does not exist") << "image: url(:/none.png);" << 1;
+    QTest::newRow("two pictures") << "image: url(:/none.png);image: url(:/resource/images_l2/icon_disc.png);" << 1;
+    QTest::newRow("a picture and more") << "image: url(:/resource/images_l2/icon_disc.png); border: none;" << 1;
+    QTest::newRow("a picture where a colour belongs") << "color: url(:/resource/images_l2/icon_disc.png);" << 1;
+}
+
+void TestWidgetListView::iconTakesALabelOnlyWhereItMust()
+{
+    QFETCH(QString, sheet);
+    const QTemporaryDir directory;
+    const QString file = directory.filePath("icon.png");
+    QVERIFY(QPixmap(":/resource/images_l2/icon_disc.png").save(file));
+    sheet.replace("%1", file);
+    ViewMenu menu(nullptr);
+    menu.list->setTitleIcon(sheet);
+    const QList<QLabel *> labels = menu.list->findChildren<QLabel *>();
+    QTEST(int(labels.size()), "labels");
+    for (const QLabel *label : labels) {
+        QCOMPARE(label->geometry(), QRect(0, 0, 38, 38));
+        QCOMPARE(label->styleSheet(), "padding: 3px;" + sheet);
+    }
+}
+
+void TestWidgetListView::changeOfTheTitleBarPaintsItAlone_data()
+{
+    QTest::addColumn<std::function<void(WidgetListView &)>>("change");
+    QTest::addColumn<bool>("paints");
+    const auto add = [](const char *name, bool paints, const std::function<void(WidgetListView &)> &change) {
+        QTest::newRow(name) << change << paints;
+    };
+    add("another title", true, [](WidgetListView &list) { list.setTitle("Others", false); });
+    add("the same title", false, [](WidgetListView &list) { list.setTitle("Settings", false); });
+    add("the same title in the default font", true, [](WidgetListView &list) { list.setTitle("Settings", true); });
+    add("the default font", true, [](WidgetListView &list) { list.setDefaultFont(); });
+    add("an icon", true,
+        [](WidgetListView &list) { list.setTitleIcon("image: url(:/resource/images_l2/icon_disc.png);"); });
+}
+
+void TestWidgetListView::changeOfTheTitleBarPaintsItAlone()
+{
+    QFETCH(std::function<void(WidgetListView &)>, change);
+    QFETCH(bool, paints);
+    RowsModel model(RowsModel::titled(5));
+    ViewMenu menu(&model);
+    menu.list->setTitle("Settings", false);
+    QVERIFY(showAndPaint(menu.screen));
+    const QWidget *bar = menu.list->childAt(100, 10);
+    const EventRecorder recorder(&menu.screen);
+    change(*menu.list);
+    passTime(20);
+    QCOMPARE(recorder.receivers(QEvent::Paint).contains(const_cast<QWidget *>(bar)), paints);
+    QCOMPARE(recorder.count(QEvent::Paint), recorder.count(QEvent::Paint, bar));
 }
 
 QTEST_MAIN(TestWidgetListView)

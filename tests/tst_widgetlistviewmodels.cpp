@@ -1,6 +1,7 @@
 // A WidgetListView over models of all kinds that change at any time.
 
 #include "allocationcount.h"
+#include "displaywork.h"
 #include "listviewtesting.h"
 
 #include <QAbstractItemModelTester>
@@ -61,6 +62,22 @@ bool looksFresh(ViewMenu &menu, const QList<int> &hidden = QList<int>(), int row
     seen.save(QStringLiteral("%1-seen.png").arg(QTest::currentTestFunction()));
     expected.save(QStringLiteral("%1-fresh.png").arg(QTest::currentTestFunction()));
     return false;
+}
+
+const QString s_longTitle = QStringLiteral("A title that is wider than its row has room for, whatever stands there");
+
+/// Has a title that scrolls go on by one character. Returns how many there are.
+int turnTitle(const ViewMenu &menu)
+{
+    int timers = 0;
+    for (const auto &timer : QAbstractEventDispatcher::instance()->registeredTimers(menu.view())) {
+        if (timer.interval != 200)
+            continue;
+        ++timers;
+        QTimerEvent event(timer.timerId);
+        QCoreApplication::sendEvent(menu.view(), &event);
+    }
+    return timers;
 }
 
 QList<Row> rowsWithValues(int count, const QString &prefix = QStringLiteral("row"))
@@ -300,6 +317,8 @@ private slots:
     void valueMayFilterItsRowOut();
     void hiddenRowsStayHiddenWithTheirItems();
     void longTitleScrollsOnWhenRowsComeAbove();
+    void sameTitleInTheNextRowStartsFromItsBeginning();
+    void titleScrollsOnlyWhereItIsSeenWithTheFocus();
     void focusComesToTheNextRowsOfAnEmptyModel();
     void rowIsForgottenWhenTheListIsHidden();
 
@@ -308,6 +327,7 @@ private slots:
     void standardItemModelWorksAsItIs();
     void standardItemModelMayHaveChildren();
     void firstColumnMayComeAndGo();
+    void columnsMayChangePlaces();
     void proxyMayFilterAndSort();
     void anotherModelKeepsTheNearestRow();
     void modelsMayBeShared();
@@ -319,10 +339,18 @@ private slots:
     void fetchesForAnEmptyListAtItsShow();
     void fetchesWhatComesLater();
     void fetchWithoutRowsIsNotAskedForAgainAndAgain();
+    void fetchIsNotAskedForInTheMiddleOfAFetch();
 
     // Costs
     void asksForRowsInViewOnly();
     void manyRowsCostNoMemory();
+    void changeOfOneRowAsksForThatRowOnly();
+    void formerModelIsNotListenedTo();
+    void sameModelAgainChangesNothing();
+    void modelsThatCameAndWentLeaveNothing();
+    void rowsAreOnlyToBeLookedAt();
+    void rowsThatScrollAreMovedAndNotPainted();
+    void rowHiddenTwiceIsHiddenOnce();
 
     void randomWalk_data();
     void randomWalk();
@@ -614,22 +642,11 @@ void TestWidgetListViewModels::hiddenRowsStayHiddenWithTheirItems()
 
 void TestWidgetListViewModels::longTitleScrollsOnWhenRowsComeAbove()
 {
-    const QString longTitle = QStringLiteral("A title that is wider than its row has room for, whatever stands there");
-    RowsModel model(RowsModel::titled(QStringList({"one", longTitle, "three"})));
+    RowsModel model(RowsModel::titled(QStringList({"one", s_longTitle, "three"})));
     ViewMenu menu(&model);
     menu.show();
     menu.type(Qt::Key_8);
-    const auto turn = [&] {
-        int timers = 0;
-        for (const auto &timer : QAbstractEventDispatcher::instance()->registeredTimers(menu.view())) {
-            if (timer.interval != 200)
-                continue;
-            ++timers;
-            QTimerEvent event(timer.timerId);
-            QCoreApplication::sendEvent(menu.view(), &event);
-        }
-        return timers;
-    };
+    const auto turn = [&] { return turnTitle(menu); };
     const auto rowPicture = [&] {
         const QRect rect = menu.view()->visualRect(menu.list->model()->index(menu.list->selectedRow(), 0));
         return onScreen(menu.screen).copy(0, 38 + rect.top(), 210, rect.height());
@@ -647,7 +664,7 @@ void TestWidgetListViewModels::longTitleScrollsOnWhenRowsComeAbove()
     model.change(6, row);
     QCOMPARE(turn(), 0);
     QVERIFY(looksFresh(menu));
-    row.title = longTitle;
+    row.title = s_longTitle;
     model.change(6, row);
     QCOMPARE(rowPicture(), atRest);
     QCOMPARE(turn(), 1);
@@ -655,11 +672,60 @@ void TestWidgetListViewModels::longTitleScrollsOnWhenRowsComeAbove()
     model.remove(6, 1);
     QCOMPARE(turn(), 0);
     QVERIFY(looksFresh(menu));
-    model.insert(0, RowsModel::titled(QStringList(longTitle)));
+    model.insert(0, RowsModel::titled(QStringList(s_longTitle)));
     menu.list->setFocusAtItem(0);
     QCOMPARE(turn(), 1);
     menu.list->setModel(nullptr);
     QCOMPARE(turn(), 0);
+}
+
+void TestWidgetListViewModels::sameTitleInTheNextRowStartsFromItsBeginning()
+{
+    RowsModel model(RowsModel::titled(QStringList({s_longTitle, s_longTitle})));
+    ViewMenu menu(&model);
+    menu.show();
+    const auto rowPicture = [&](int row) { return onScreen(menu.screen).copy(0, 38 + row * s_rowHeight, 210, s_rowHeight); };
+    const QImage atRest = rowPicture(0);
+    QCOMPARE(turnTitle(menu), 1);
+    const QImage turnedOnce = rowPicture(0);
+    QCOMPARE(turnTitle(menu), 1);
+    QVERIFY(rowPicture(0) != atRest);
+    QVERIFY(rowPicture(0) != turnedOnce);
+    menu.type(Qt::Key_8);
+    QCOMPARE(rowPicture(1), atRest);
+    QCOMPARE(turnTitle(menu), 1);
+    QCOMPARE(rowPicture(1), turnedOnce);
+}
+
+void TestWidgetListViewModels::titleScrollsOnlyWhereItIsSeenWithTheFocus()
+{
+    RowsModel model(RowsModel::titled(QStringList({s_longTitle, "short"})));
+    ViewMenu menu(&model);
+    QWidget other(&menu.screen);
+    other.setFocusPolicy(Qt::StrongFocus);
+    QCOMPARE(turnTitle(menu), 0);
+    menu.show();
+    const QImage atRest = menu.picture();
+    QCOMPARE(turnTitle(menu), 1);
+    other.setFocus();
+    QCOMPARE(turnTitle(menu), 0);
+    menu.list->setFocus();
+    QCOMPARE(menu.picture(), atRest);
+    QCOMPARE(turnTitle(menu), 1);
+    menu.list->hideItem(0);
+    QCOMPARE(turnTitle(menu), 0);
+    menu.list->showItem(0);
+    QCOMPARE(menu.picture(), atRest);
+    QCOMPARE(turnTitle(menu), 1);
+    menu.list->hideItem(1);
+    QVERIFY(menu.picture() != atRest);
+    QCOMPARE(turnTitle(menu), 1);
+    menu.list->hide();
+    QCOMPARE(turnTitle(menu), 0);
+    menu.list->show();
+    QCOMPARE(turnTitle(menu), 1);
+    menu.list->setNoFocusStyle(0);
+    QCOMPARE(turnTitle(menu), 0);
 }
 
 void TestWidgetListViewModels::focusComesToTheNextRowsOfAnEmptyModel()
@@ -831,6 +897,49 @@ void TestWidgetListViewModels::firstColumnMayComeAndGo()
     QVERIFY(looksFresh(menu));
     QCOMPARE(menu.list->selectedRow(), -1);
     menu.type(Qt::Key_8);
+}
+
+void TestWidgetListViewModels::columnsMayChangePlaces()
+{
+    // One of the columns has values, the other one has not.
+    class TwoColumns : public QAbstractTableModel
+    {
+    public:
+        int rowCount(const QModelIndex &parent = QModelIndex()) const override { return parent.isValid() ? 0 : 3; }
+        int columnCount(const QModelIndex &parent = QModelIndex()) const override { return parent.isValid() ? 0 : 2; }
+
+        QVariant data(const QModelIndex &index, int role) const override
+        {
+            const bool first = (index.column() == 0) != m_swapped;
+            if (role == WidgetListView::TitleRole)
+                return first ? QStringLiteral("first") : QStringLiteral("second");
+            return role == WidgetListView::ValuesRole && first ? QStringList{"a", "b"} : QVariant();
+        }
+
+        bool setData(const QModelIndex &, const QVariant &, int) override { return true; }
+
+        void swap()
+        {
+            beginMoveColumns(QModelIndex(), 1, 1, QModelIndex(), 0);
+            m_swapped = !m_swapped;
+            endMoveColumns();
+        }
+
+    private:
+        bool m_swapped = false;
+    };
+    TwoColumns model;
+    ViewMenu menu(&model);
+    menu.show();
+    menu.type(Qt::Key_8);
+    takeNotes();
+    menu.type(Qt::Key_6);
+    QCOMPARE(takeNotes(), QStringList({"doChange 1", s_click}));
+    model.swap();
+    QVERIFY(looksFresh(menu));
+    menu.type(Qt::Key_6);
+    QCOMPARE(takeNotes(), QStringList{"handed on: release 6"});
+    QCOMPARE(menu.list->selectedRow(), 1);
 }
 
 void TestWidgetListViewModels::proxyMayFilterAndSort()
@@ -1044,6 +1153,44 @@ void TestWidgetListViewModels::fetchWithoutRowsIsNotAskedForAgainAndAgain()
     }
 }
 
+void TestWidgetListViewModels::fetchIsNotAskedForInTheMiddleOfAFetch()
+{
+    class NestingModel : public LazyModel
+    {
+    public:
+        NestingModel()
+            : LazyModel(200, 1)
+        {
+        }
+
+        void fetchMore(const QModelIndex &parent) override
+        {
+            m_deepest = qMax(m_deepest, ++m_depth);
+            LazyModel::fetchMore(parent);
+            --m_depth;
+        }
+
+        int m_deepest = 0;
+
+    private:
+        int m_depth = 0;
+    };
+    NestingModel model;
+    ViewMenu menu(&model);
+    // As an application does that wants the first row whatever comes.
+    QObject::connect(&model, &QAbstractItemModel::rowsInserted, menu.list.data(),
+                     [&] { menu.list->setFocusAtItem(0); });
+    menu.show();
+    // The toolkit itself asks for more where the current row is the last one, as the first is that comes.
+    QVERIFY2(model.m_deepest <= 2, qPrintable(QString::number(model.m_deepest)));
+    QCOMPARE(menu.list->selectedRow(), 0);
+    const int fetched = model.rowCount();
+    QVERIFY(fetched > 2 * s_rowsInView);
+    // And there is a next time.
+    menu.list->setFocusAtItem(fetched - 2);
+    QVERIFY(model.rowCount() > fetched);
+}
+
 void TestWidgetListViewModels::asksForRowsInViewOnly()
 {
     AskedModel model(rowsWithValues(100000));
@@ -1218,6 +1365,141 @@ void TestWidgetListViewModels::randomWalk_data()
     for (int seed = 1; seed <= 4; ++seed)
         QTest::addRow("%d", seed) << seed << false;
     QTest::newRow("through a proxy") << 5 << true;
+}
+
+void TestWidgetListViewModels::changeOfOneRowAsksForThatRowOnly()
+{
+    AskedModel model(rowsWithValues(12));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->setFocusAtItem(1);
+    for (int row : {0, 2, 1, 5}) {
+        onScreen(menu.screen);
+        model.m_askedRows.clear();
+        model.change(row, RowsModel::titledRow("changed"));
+        onScreen(menu.screen);
+        QCOMPARE(model.m_askedRows, row < s_rowsInView ? QSet<int>{row} : QSet<int>());
+    }
+}
+
+void TestWidgetListViewModels::formerModelIsNotListenedTo()
+{
+    RowsModel former(rowsWithValues(12));
+    RowsModel model(rowsWithValues(12));
+    ViewMenu menu(&former);
+    QVERIFY(showAndPaint(menu.screen));
+    menu.list->setModel(&model);
+    onScreen(menu.screen);
+    model.m_asked = 0;
+    const QStringList work = workOf(menu.screen, [&] {
+        for (const Change &change : changes()) {
+            change.make(former);
+            former.reset(rowsWithValues(12));
+            former.change(menu.list->selectedRow(), RowsModel::titledRow("changed"));
+            former.reset(rowsWithValues(12));
+        }
+    });
+    QCOMPARE(work, QStringList());
+    QCOMPARE(model.m_asked, 0);
+}
+
+void TestWidgetListViewModels::sameModelAgainChangesNothing()
+{
+    RowsModel model(rowsWithValues(12));
+    ViewMenu menu(&model);
+    QVERIFY(showAndPaint(menu.screen));
+    menu.list->hideItem(1);
+    menu.list->setFocusAtItem(6);
+    onScreen(menu.screen);
+    model.m_asked = 0;
+    QCOMPARE(workOf(menu.screen, [&] { menu.list->setModel(&model); }), QStringList());
+    QCOMPARE(model.m_asked, 0);
+    QCOMPARE(menu.list->selectedRow(), 6);
+    QVERIFY(menu.view()->visualRect(model.index(1)).isEmpty());
+}
+
+void TestWidgetListViewModels::modelsThatCameAndWentLeaveNothing()
+{
+    RowsModel models[2] = {RowsModel(rowsWithValues(12)), RowsModel(rowsWithValues(3))};
+    ViewMenu menu(nullptr);
+    menu.show();
+    const auto objects = [&] {
+        runEventLoop();
+        return menu.list->findChildren<QObject *>().size();
+    };
+    menu.list->setModel(&models[0]);
+    const auto before = objects();
+    for (int i = 1; i < 10; ++i)
+        menu.list->setModel(&models[i % 2]);
+    QCOMPARE(objects(), before);
+}
+
+void TestWidgetListViewModels::rowsAreOnlyToBeLookedAt()
+{
+    RowsModel model(rowsWithValues(12));
+    ViewMenu menu(&model);
+    menu.show();
+    const QAbstractItemView *view = menu.view();
+    QCOMPARE(view->focusPolicy(), Qt::NoFocus);
+    QCOMPARE(view->frameWidth(), 0);
+    QCOMPARE(view->selectionMode(), QAbstractItemView::NoSelection);
+    QCOMPARE(view->editTriggers(), QAbstractItemView::NoEditTriggers);
+    QCOMPARE(view->hasAutoScroll(), false);
+    QCOMPARE(view->verticalScrollMode(), QAbstractItemView::ScrollPerItem);
+    QCOMPARE(view->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+    // What a pointing device does goes to the screen.
+    QCOMPARE(menu.screen.childAt(100, 100), menu.list.data());
+}
+
+void TestWidgetListViewModels::rowsThatScrollAreMovedAndNotPainted()
+{
+    class Regions : public QObject
+    {
+    public:
+        QRegion m_painted;
+
+    protected:
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            if (event->type() == QEvent::Paint)
+                m_painted += static_cast<QPaintEvent *>(event)->region();
+            return false;
+        }
+    };
+    RowsModel model(rowsWithValues(40));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->setFocusAtItem(7);
+    onScreen(menu.screen);
+    Regions regions;
+    menu.view()->viewport()->installEventFilter(&regions);
+    menu.type(Qt::Key_8);
+    onScreen(menu.screen);
+    // The row that loses the focus, and the one that comes into view with it.
+    QCOMPARE(menu.top(7), s_rowHeight);
+    QVERIFY(!regions.m_painted.isEmpty());
+    QVERIFY(!regions.m_painted.intersects(QRect(0, 0, 200, s_rowHeight)));
+    regions.m_painted = QRegion();
+    menu.type(Qt::Key_2);
+    onScreen(menu.screen);
+    QCOMPARE(menu.top(7), s_rowHeight);
+    QVERIFY(!regions.m_painted.intersects(QRect(0, 0, 200, s_rowHeight)));
+    QVERIFY(regions.m_painted.intersects(QRect(0, s_rowHeight, 200, s_rowHeight)));
+}
+
+void TestWidgetListViewModels::rowHiddenTwiceIsHiddenOnce()
+{
+    RowsModel model(rowsWithValues(12));
+    ViewMenu menu(&model);
+    QVERIFY(showAndPaint(menu.screen));
+    menu.list->hideItem(3);
+    onScreen(menu.screen);
+    QCOMPARE(workOf(menu.screen, [&] { menu.list->hideItem(3); }), QStringList());
+    QVERIFY(looksFresh(menu, {3}));
+    menu.list->showItem(3);
+    onScreen(menu.screen);
+    QCOMPARE(workOf(menu.screen, [&] { menu.list->showItem(3); }), QStringList());
+    QVERIFY(looksFresh(menu));
 }
 
 void TestWidgetListViewModels::randomWalk()

@@ -457,6 +457,8 @@ void TestWidgetListViewPictures::titleBarsLookTheSame_data()
         {"an icon on a colour", {QStringLiteral("background-color: #800000; ") + picture}},
         {"a colour after the icon", {picture, QStringLiteral("background-color: #800000;")}},
         {"an icon in a corner", {QStringLiteral("image: url(:/resource/images_l2/icon_disc.png); image-position: top left;")}},
+        {"a picture where a colour belongs", {QStringLiteral("color: url(:/resource/images_l2/icon_disc.png);")}},
+        {"an icon whose sheet breaks off", {QStringLiteral("image: url(:/resource/images_l2/icon_disc.png  ")}},
         {"a background", {QStringLiteral("background-image: url(:/resource/images_l2/icon_disc.png);")}},
     };
     for (const auto &icon : icons) {
