@@ -305,7 +305,8 @@ void TestClockDays::showsTheRightTimeAllDay()
         if (qAbs(toMoment) <= Untouched) {
             device.setWrongBy(0);
         } else if (next >= nextSetting) {
-            device.setWrongBy(device.random(-30, 30) * Hour + device.random(-59, 59) * Minute);
+            // Often by hours alone, so that minute and second stay.
+            device.setWrongBy(device.random(-30, 30) * Hour + device.random(0, 1) * device.random(-59, 59) * Minute);
             nextSetting = next + device.random(5, 90) * Minute;
             ++settings;
         }
