@@ -26,6 +26,7 @@ struct Record
     QList<RecordingPlatform::WatchdogCall> watchdogCalls;
     QList<unsigned long> delays;
     QStringList events;
+    bool recording = true;
     bool sleeping = true;
     std::function<void(const QString &)> watchdogHook;
     std::function<void(unsigned long)> delayHook;
@@ -36,6 +37,7 @@ struct Record
     unsigned int tickStep = 0;
     int tickCalls = 0;
     int clockChipResult = 1;
+    std::function<int()> clockChipFunction;
     int setTimeCalls = 0;
 };
 
@@ -63,9 +65,11 @@ void recordWatchdog(const char *operation, const std::string &name)
     std::function<void(const QString &)> hook;
     {
         const Lock lock(s_mutex);
-        const QString text = QString::fromStdString(name);
-        record().watchdogCalls.append({QLatin1String(operation), text});
-        record().events.append(QLatin1String("watchdog:") + QLatin1String(operation) + QLatin1Char(':') + text);
+        if (record().recording) {
+            const QString text = QString::fromStdString(name);
+            record().watchdogCalls.append({QLatin1String(operation), text});
+            record().events.append(QLatin1String("watchdog:") + QLatin1String(operation) + QLatin1Char(':') + text);
+        }
         hook = record().watchdogHook;
     }
     if (hook)
@@ -81,6 +85,12 @@ void reset()
     const Lock lock(s_mutex);
     record() = Record();
     StringRC::getInstance()->m_rightToLeft = false;
+}
+
+void setRecording(bool recording)
+{
+    const Lock lock(s_mutex);
+    record().recording = recording;
 }
 
 QList<LogLine> logLines()
@@ -195,6 +205,12 @@ void setClockChipResult(int result)
     record().clockChipResult = result;
 }
 
+void setClockChipFunction(std::function<int()> function)
+{
+    const Lock lock(s_mutex);
+    record().clockChipFunction = function;
+}
+
 int setTimeCalls()
 {
     const Lock lock(s_mutex);
@@ -227,6 +243,8 @@ void Logging::log(LogLevel level, const char *format, ...)
     va_end(arguments);
 
     const Lock lock(s_mutex);
+    if (!record().recording)
+        return;
     const QString line = QString::fromLatin1(text.data());
     record().logLines.append({int(level), line});
     record().events.append(QStringLiteral("log:%1:").arg(int(level)) + line);
@@ -241,6 +259,8 @@ SoundManager *SoundManager::getInstance()
 void SoundManager::sndPlay(int id)
 {
     const Lock lock(s_mutex);
+    if (!record().recording)
+        return;
     record().sounds.append(id);
     record().events.append(QStringLiteral("sound:%1").arg(id));
 }
@@ -272,8 +292,10 @@ void Util::delayMs(unsigned long ms)
     std::function<void(unsigned long)> hook;
     {
         const Lock lock(s_mutex);
-        record().delays.append(ms);
-        record().events.append(QStringLiteral("delay:%1").arg(ms));
+        if (record().recording) {
+            record().delays.append(ms);
+            record().events.append(QStringLiteral("delay:%1").arg(ms));
+        }
         sleeping = record().sleeping;
         hook = record().delayHook;
     }
@@ -312,8 +334,15 @@ unsigned int get_system_tick()
 
 int set_time()
 {
-    const Lock lock(s_mutex);
-    ++record().setTimeCalls;
-    record().events.append(QStringLiteral("set_time"));
-    return record().clockChipResult;
+    int result;
+    std::function<int()> function;
+    {
+        const Lock lock(s_mutex);
+        ++record().setTimeCalls;
+        if (record().recording)
+            record().events.append(QStringLiteral("set_time"));
+        result = record().clockChipResult;
+        function = record().clockChipFunction;
+    }
+    return function ? function() : result;
 }

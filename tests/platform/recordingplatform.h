@@ -26,6 +26,10 @@ struct WatchdogCall
 /// Forgets all records and puts all answers back to their defaults. Call it in init() of a test.
 void reset();
 
+/// With false nothing is put on the lists below any more; answers, hooks and counts go on. For tests that make more
+/// calls than a machine has memory for.
+void setRecording(bool recording);
+
 QList<LogLine> logLines();
 /// The texts of the lines at \a level.
 QStringList logTexts(int level);
@@ -59,6 +63,8 @@ int tickCalls();
 
 /// set_time() answers with \a result (1 at first).
 void setClockChipResult(int result);
+/// set_time() answers with what \a function returns, which comes before a result that was set.
+void setClockChipFunction(std::function<int()> function);
 int setTimeCalls();
 
 /// One list for everything in its order: "log:16:text", "sound:901", "watchdog:kick:name", "delay:10", "set_time".

@@ -22,6 +22,8 @@ class SoundManager;
 /// - The background of a widget's own sheet is painted only if the application sets Qt::WA_StyledBackground on it.
 /// - Keys go to the widget that has the focus. A WidgetList gives it to a row when it is shown; no other widget takes
 ///   it by itself, so call setFocus() on it.
+/// - A slot of any signal may call the widget back and delete what it likes: the widget itself, its parent, the list or
+///   the row around it. A clock or date that runs wants its stop() first.
 class WIDGET_EXPORT Widget : public QWidget
 {
     Q_OBJECT

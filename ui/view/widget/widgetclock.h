@@ -17,7 +17,8 @@ class QLabel;
 /// In every pass, one per m_interval, the thread kicks the watchdog, under the name "virtual void
 /// ClockUpdateThread::run()", and looks at the time. Every 14400 system ticks it sets the system time from the clock
 /// chip, the first time 14400 ticks after its start. Where that fails it counts on by 10 ticks and tries again, in each
-/// pass until it has caught up where passes come late. Both are reported in the log.
+/// pass until it has caught up where passes come late. Both are reported in the log. A tick that is about to wrap around
+/// has it set the time in every pass of up to 14400 ticks before.
 ///
 /// What was last reported is remembered once for the whole process and for good. Of two clocks that run, therefore,
 /// usually only one reports a new minute, and a clock that is started in a minute already reported stays silent until
@@ -48,6 +49,8 @@ public:
 
 Q_SIGNALS:
     /// The time to show: \a hour 0 to 23, \a min 0 to 59, \a sec 0 to 60 (a leap second). Emitted in the thread itself.
+    /// A slot that is called there may set m_stop, but cannot wait() for it; one in another thread may do both, and
+    /// delete the thread then.
     void update(int hour, int min, int sec);
 
 public Q_SLOTS:
@@ -80,7 +83,8 @@ public Q_SLOTS:
 /// started while another one runs, or started again, may stay as it is (a new one: hidden) until the next minute.
 /// setDisplaySec(true) or a change of format brings it up within a second.
 ///
-/// Call stop() before destroying a clock that was started: destroying a running thread is an error of the toolkit.
+/// Call stop() before destroying a clock that was started: destroying a running thread is an error of the toolkit. A slot
+/// may do both, also one of the clock's own signals. The times that are on their way go with the clock.
 class WIDGET_EXPORT WidgetClock : public Widget
 {
     Q_OBJECT

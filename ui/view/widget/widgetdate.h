@@ -38,7 +38,8 @@ public:
 
 Q_SIGNALS:
     /// Today is \a day (1 to 31) of \a month (1 to 12), week day \a wday (0 Sunday to 6 Saturday). Emitted in the
-    /// thread itself.
+    /// thread itself. A slot that is called there may set m_stop, but cannot wait() for it; one in another thread may do
+    /// both, and delete the thread then.
     void update(int month, int day, int wday);
 };
 
@@ -50,7 +51,8 @@ Q_SIGNALS:
 /// and 22 pixels high; the date begins at x 40 and is 60 pixels wide. The widget is best given a size of 180 by 22
 /// pixels.
 ///
-/// Call stop() before destroying a widget that was started: destroying a running thread is an error of the toolkit.
+/// Call stop() before destroying a widget that was started: destroying a running thread is an error of the toolkit. A slot
+/// may do both, also one of the widget's own signal. The dates that are on their way go with the widget.
 class WIDGET_EXPORT WidgetDate : public Widget
 {
     Q_OBJECT
