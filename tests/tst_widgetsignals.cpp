@@ -247,7 +247,7 @@ private:
                 QVERIFY(thread->wait(LongestWait));
             }
         };
-        scene.cause = [&scene, thread] {
+        scene.cause = [thread] {
             if (ClockUpdateThread *clock = qobject_cast<ClockUpdateThread *>(thread))
                 clock->timeFormat(true);
             thread->start();

@@ -26,11 +26,15 @@ protected:
             return set("setBgGeometry", [=](WidgetStatusBar *it) { it->setBgGeometry(x, y, w, h, iconWidth); });
         }
         default: {
-            static void (WidgetStatusBar::*const showItem[])(int) = {
-                &WidgetStatusBar::showItem0, &WidgetStatusBar::showItem1, &WidgetStatusBar::showItem2,
-                &WidgetStatusBar::showItem3};
             const int item = bytes().below(4), status = bytes().index(3);
-            set("showItem", [=](WidgetStatusBar *it) { (it->*showItem[item])(status); });
+            set("showItem", [=](WidgetStatusBar *it) {
+                switch (item) {
+                case 0: return it->showItem0(status);
+                case 1: return it->showItem1(status);
+                case 2: return it->showItem2(status);
+                default: it->showItem3(status);
+                }
+            });
         }
         }
     }
