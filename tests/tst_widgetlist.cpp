@@ -209,6 +209,7 @@ private slots:
     void shortcutsOfRemovedRowsAreDeadAtOnce_data();
     void shortcutsOfRemovedRowsAreDeadAtOnce();
     void shortcutsOfKeptRowsLive();
+    void shortcutsOfOtherRowsLiveWhenARowIsReplaced();
     void shortcutOfAHiddenRowStillActs();
     void keysThatAreNoDigitsAreNoShortcuts();
 
@@ -1940,6 +1941,29 @@ void TestWidgetList::shortcutsOfKeptRowsLive()
     list.addListItem(first);
     releaseKey(&list, Qt::Key_1);
     QCOMPARE(firstEntered.count(), 2);
+    // Also when another row goes.
+    list.setRowCount(1);
+    releaseKey(&list, Qt::Key_1);
+    releaseKey(&list, Qt::Key_3);
+    QCOMPARE(firstEntered.count(), 3);
+    QCOMPARE(secondEntered.count(), 1);
+}
+
+void TestWidgetList::shortcutsOfOtherRowsLiveWhenARowIsReplaced()
+{
+    WidgetList list(2, nullptr, sound());
+    QPointer<WidgetListItem> first = newDeepRow(QStringLiteral("A"));
+    QPointer<WidgetListItem> second = newDeepRow(QStringLiteral("B"));
+    list.addListItem(first, Qt::Key_1);
+    list.addListItem(second, Qt::Key_3);
+    QSignalSpy firstEntered(first, &WidgetListItem::doEnter);
+    QSignalSpy secondEntered(second, &WidgetListItem::doEnter);
+    list.setRowCount(2);
+    list.addListItem(newDeepRow(QStringLiteral("C")));
+    releaseKey(&list, Qt::Key_1);
+    releaseKey(&list, Qt::Key_3);
+    QCOMPARE(firstEntered.count(), 0);
+    QCOMPARE(secondEntered.count(), 1);
 }
 
 void TestWidgetList::shortcutOfAHiddenRowStillActs()
