@@ -1,18 +1,12 @@
 #ifndef ALLOCATIONCOUNT_H
 #define ALLOCATIONCOUNT_H
 
-// Counts how often a program asks for memory, and what it has of it. Include it in one source only: it takes the place of the C library's
-// functions. Where a sanitizer does so already there is no COUNTS_ALLOCATIONS.
+// Counts how often a program asks for memory, and what it has of it. Include it in one source only: it takes the place of
+// the C library's functions. Where a sanitizer does so already there is no COUNTS_ALLOCATIONS.
+
+#include "sanitizers.h"
 
 #include <cstdlib>
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define HAS_SANITIZER
-#endif
-#elif defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define HAS_SANITIZER
-#endif
 
 #if defined(__GLIBC__) && !defined(HAS_SANITIZER)
 #define COUNTS_ALLOCATIONS

@@ -20,7 +20,7 @@ namespace {
 int cycleCount()
 {
 #ifdef HAS_SANITIZER
-    const int usual = 200;
+    const int usual = 50;
 #else
     const int usual = 10000;
 #endif

@@ -1,5 +1,6 @@
 #include "keypadtesting.h"
 #include "memorysearch.h"
+#include "sanitizers.h"
 
 #include <QAccessible>
 #include <QMetaProperty>
@@ -7,14 +8,6 @@
 
 #include <functional>
 #include <memory>
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define HAS_SANITIZER
-#endif
-#elif defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define HAS_SANITIZER
-#endif
 
 using namespace KeypadTesting;
 

@@ -1,8 +1,9 @@
 // Does to the widgets what inputs say, without a fuzzer: those in files, or those that follow from a seed.
 
 #include "fuzzing.h"
-#include "sanitizers.h"
 #include "target.h"
+
+#include "../sanitizers.h"
 
 #include <QDir>
 #include <QFile>

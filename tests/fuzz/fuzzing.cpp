@@ -1,7 +1,8 @@
 #include "fuzzing.h"
 
-#include "sanitizers.h"
 #include "target.h"
+
+#include "../sanitizers.h"
 
 #include <QApplication>
 #include <QPixmapCache>
