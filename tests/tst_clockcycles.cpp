@@ -20,7 +20,7 @@ namespace {
 int cycleCount()
 {
 #ifdef HAS_SANITIZER
-    const int usual = 50;
+    const int usual = 100;
 #else
     const int usual = 10000;
 #endif
@@ -250,7 +250,7 @@ void TestClockCycles::tenThousandCyclesLeaveNothingBehind()
     // A thread is gone for its owner before it is for the system.
     EVENTUALLY_COMPARE(threadCount(), m_threads);
     QCOMPARE(Stock().widgets, before.widgets);
-    EVENTUALLY(Stock().blocks < before.blocks + times / 100);
+    EVENTUALLY(Stock().blocks <= before.blocks + times / 100);
     RecordingPlatform::setWatchdogHook(nullptr);
 }
 
