@@ -10,11 +10,11 @@
 
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <random>
 #include <string>
 #include <vector>
@@ -94,6 +94,11 @@ Options optionsIn(int count, char **arguments)
 // For whoever wants to see the steps of a run that came to a bad end.
 char s_howToRepeat[200] = "";
 
+double secondsSince(std::chrono::steady_clock::time_point start)
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
 bool runFile(const QString &target, const QString &name, bool verbose)
 {
     QFile file(name);
@@ -161,7 +166,7 @@ int main(int count, char **arguments)
     std::signal(SIGSEGV, tellAndDie);
 #endif
     foreach (const QString &target, options.targets) {
-        const clock_t start = clock();
+        const std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
         const long steps = Target::s_stepCount;
         const long comparisons = Target::s_comparisonCount;
         long inputs = 0;
@@ -169,7 +174,7 @@ int main(int count, char **arguments)
             if (!runFiles(target, file, options.verbose, &inputs))
                 return 1;
         }
-        for (long i = 0; i < options.inputs || double(clock() - start) / CLOCKS_PER_SEC < options.seconds; ++i) {
+        for (long i = 0; i < options.inputs || secondsSince(start) < options.seconds; ++i) {
             // Each input has a seed of its own, so that it can be had alone.
             std::mt19937 random(options.seed + unsigned(i));
             const std::vector<unsigned char> bytes = newInput(random);
