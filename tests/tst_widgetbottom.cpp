@@ -46,6 +46,7 @@ private slots:
     void rightHalfIgnoresX();
     void rightmostColumnOfAnOddWidthStaysUncovered();
     void placingTheHalvesNeverMovesTheBar();
+    void placesAndSizesEndWhereTheToolkitCanStillAddThem();
     void picturesShareTheirHalf();
 
     void whatIsSetAlreadyCostsNothing();
@@ -383,6 +384,19 @@ void TestWidgetBottom::placingTheHalvesNeverMovesTheBar()
     bar->setGeometry(3, 150, 220, 26);
     bar->setBgGeometry(10, 20, 240, 30);
     QCOMPARE(bar->geometry(), QRect(3, 150, 220, 26));
+}
+
+void TestWidgetBottom::placesAndSizesEndWhereTheToolkitCanStillAddThem()
+{
+    WidgetBottom bar(nullptr, nullptr);
+    bar.setBgGeometry(INT_MIN, INT_MAX, -1000, INT_MIN);
+    QCOMPARE(Parts(bar).left->geometry(), QRect(QWIDGETSIZE_MAX - INT_MAX, INT_MAX - QWIDGETSIZE_MAX, 0, 0));
+    QCOMPARE(Parts(bar).right->geometry(), QRect(-500, INT_MAX - QWIDGETSIZE_MAX, 0, 0));
+    bar.setBgGeometry(INT_MAX, 1, INT_MAX, INT_MAX);
+    QCOMPARE(Parts(bar).left->size(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+    bar.setBgGeometry(0, 0, 240, 30);
+    QCOMPARE(Parts(bar).left->geometry(), QRect(0, 0, 120, 30));
+    QCOMPARE(Parts(bar).right->geometry(), QRect(120, 0, 120, 30));
 }
 
 void TestWidgetBottom::picturesShareTheirHalf()

@@ -45,6 +45,7 @@ private slots:
     void placesTheBarAndItsMargins();
     void pushesTheIconsToTheRightEnd();
     void marginMayBeNegative();
+    void placesSizesAndMarginEndWhereTheToolkitCanStillAddThem();
     void whatIsSetAlreadyCostsNothing();
     void newStateTouchesOneIconOnly();
 };
@@ -355,6 +356,18 @@ void TestWidgetStatusBar::marginMayBeNegative()
     QCOMPARE(bar.layout()->contentsMargins(), QMargins(toolkitMargin, 0, 6, 0));
     bar.setBgGeometry(0, 0, 200, 20, 24);
     QCOMPARE(bar.layout()->contentsMargins(), QMargins(94, 0, 6, 0));
+}
+
+void TestWidgetStatusBar::placesSizesAndMarginEndWhereTheToolkitCanStillAddThem()
+{
+    QWidget parent;
+    WidgetStatusBar *bar = new WidgetStatusBar(&parent, nullptr);
+    bar->setBgGeometry(INT_MIN, INT_MAX, INT_MAX, INT_MIN, INT_MIN);
+    QCOMPARE(bar->geometry(), QRect(QWIDGETSIZE_MAX - INT_MAX, INT_MAX - QWIDGETSIZE_MAX, QWIDGETSIZE_MAX, 0));
+    QCOMPARE(bar->layout()->contentsMargins(), QMargins(QWIDGETSIZE_MAX, 0, 6, 0));
+    bar->setBgGeometry(0, 0, 200, 20, 24);
+    QCOMPARE(bar->geometry(), QRect(0, 0, 200, 20));
+    QCOMPARE(bar->layout()->contentsMargins(), QMargins(94, 0, 6, 0));
 }
 
 void TestWidgetStatusBar::whatIsSetAlreadyCostsNothing()

@@ -59,6 +59,7 @@ private slots:
     void labelsStayInTheirLayout();
     void itemFivePlacesTheUnlitDotsAndStoresThePlaceForTheLitOne();
     void itemSixPlacesTheLitDotAndStoresThePlaceButLeavesTheUnlitOnes();
+    void placesAndSizesOfTheDotsEndWhereTheToolkitCanStillAddThem();
     void dotsPlacedByHandNoLongerFollowTheSwitcher_data();
     void dotsPlacedByHandNoLongerFollowTheSwitcher();
     void initDisplayGoesBackToTheBeginning();
@@ -656,6 +657,21 @@ void TestWidgetSwitcher::itemSixPlacesTheLitDotAndStoresThePlaceButLeavesTheUnli
         QCOMPARE(parts.pagesOff.at(i)->geometry(), QRect(82 + 10 * i, 0, 6, 6));
     switcher.selectItem(2);
     QCOMPARE(parts.pageOn->geometry(), QRect(30 + 2 * 12, 4, 8, 7));
+}
+
+void TestWidgetSwitcher::placesAndSizesOfTheDotsEndWhereTheToolkitCanStillAddThem()
+{
+    const int last = INT_MAX - QWIDGETSIZE_MAX;
+    WidgetSwitcher switcher(nullptr, nullptr);
+    switcher.setItemGeometry(5, INT_MAX, INT_MIN, INT_MAX, -1);
+    const Parts parts(switcher);
+    for (int i = 0; i < 6; ++i)
+        QCOMPARE(parts.pagesOff.at(i)->geometry(), QRect(last, -last, QWIDGETSIZE_MAX, 0));
+    switcher.selectItem(5);
+    QCOMPARE(parts.pageOn->geometry(), QRect(last, -last, QWIDGETSIZE_MAX, 0));
+    switcher.setItemGeometry(5, 30, 4, 8, 7);
+    switcher.selectItem(5);
+    QCOMPARE(parts.pageOn->geometry(), QRect(30 + 5 * 12, 4, 8, 7));
 }
 
 void TestWidgetSwitcher::dotsPlacedByHandNoLongerFollowTheSwitcher_data()

@@ -16,6 +16,8 @@ class SoundManager;
 /// - Sizes and fonts are made for a display on which a point is a pixel (72 dpi). Where it is more, as on a PC, texts
 ///   come out too large and are cut. With Qt 5 and 6 call qputenv("QT_FONT_DPI", "72") before the QApplication is made;
 ///   Qt 4.8 goes by the size of the display in millimetres.
+/// - A width or a height below zero counts as zero. Sizes end at QWIDGETSIZE_MAX, places at INT_MAX - QWIDGETSIZE_MAX in
+///   each direction, so that the toolkit can add the two.
 /// - Where a picture is wanted, the sheet "image: url(:/name.png);" shows it in the middle of its place, made smaller
 ///   in proportion where it is too large, but never larger. "background-image" shows it in its own size from the top
 ///   left, again and again where there is room, and "border-image" stretches it over the whole place.

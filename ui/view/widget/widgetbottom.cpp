@@ -61,8 +61,8 @@ void WidgetBottom::setItemStyle(int item, QString stateStyle, QString areaStyle,
 void WidgetBottom::setBgGeometry(int x, int y, int w, int h)
 {
     const int half = w / 2;
-    m_leftArea->setGeometry(x, y, half, h);
-    m_rightArea->setGeometry(half, y, half, h);
+    placeWidget(m_leftArea, x, y, half, h);
+    placeWidget(m_rightArea, half, y, half, h);
 }
 
 void WidgetBottom::statusBottomShow(int state0, int state1, int state2, int state3)

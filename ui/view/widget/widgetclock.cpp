@@ -140,7 +140,7 @@ void WidgetClock::setItemGeometry(Item item, int x, int y, int w, int h)
         Logging::log(Logging::LogNotice, "[%s, %d] Unknown item!!", "setItemGeometry", 134);
         return;
     }
-    label->setGeometry(x, y, w, h);
+    placeWidget(label, x, y, w, h);
 }
 
 void WidgetClock::start()

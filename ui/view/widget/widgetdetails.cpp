@@ -12,6 +12,8 @@
 #include <QThread>
 #include <QWidget>
 
+#include <climits>
+
 #include <pthread.h>
 
 QFont defaultFont(int pointSize, bool bold)
@@ -158,6 +160,14 @@ void applyFont(QWidget *widget, const QFont &font)
         && widget->font() == font;
     if (!inPlace)
         widget->setFont(font);
+}
+
+void placeWidget(QWidget *widget, qint64 x, qint64 y, int w, int h)
+{
+    // So far from the ends of the numbers that a place and a size can be added.
+    const qint64 last = INT_MAX - QWIDGETSIZE_MAX;
+    widget->setGeometry(int(qBound(-last, x, last)), int(qBound(-last, y, last)), qBound(0, w, QWIDGETSIZE_MAX),
+                        qBound(0, h, QWIDGETSIZE_MAX));
 }
 
 void showWithParent(QWidget *child)

@@ -3,6 +3,7 @@
 #include "keypadcells.h"
 #include "keypadline.h"
 #include "platform/logging.h"
+#include "widgetdetails.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -212,7 +213,7 @@ void WidgetKeypad::hideText(bool hide)
 
 void WidgetKeypad::setBgGeometry(int x, int y, int width, int height)
 {
-    setGeometry(x, y, width, height);
+    placeWidget(this, x, y, width, height);
 }
 
 void WidgetKeypad::setItemStyle(Item item, State state, QString style)

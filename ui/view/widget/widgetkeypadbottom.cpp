@@ -2,6 +2,7 @@
 
 #include "keypadcells.h"
 #include "platform/logging.h"
+#include "widgetdetails.h"
 
 #include <QKeyEvent>
 #include <QTimer>
@@ -23,7 +24,7 @@ WidgetKeypadBottom::WidgetKeypadBottom(QWidget *parent)
 
 void WidgetKeypadBottom::setBgGeometry(int x, int y, int width, int height)
 {
-    setGeometry(x, y, width, height);
+    placeWidget(this, x, y, width, height);
 }
 
 void WidgetKeypadBottom::setItemText(Item item, QString text)

@@ -38,17 +38,17 @@ void WidgetMenuTitle::setItemGeometry(WidgetMenuTitle::Item item, int x, int y, 
 {
     switch (int(item)) {
     case ItemBackground:
-        setGeometry(x, y, w, h);
+        placeWidget(this, x, y, w, h);
         break;
     case ItemTitle:
-        m_titleLabel->setGeometry(x, y, w, h);
+        placeWidget(m_titleLabel, x, y, w, h);
         break;
     case ItemIcon:
-        m_iconLabel->setGeometry(x, y, w, h);
+        placeWidget(m_iconLabel, x, y, w, h);
         break;
     case ItemInfo:
         m_infoLabel->show();
-        m_infoLabel->setGeometry(x, y, w, h);
+        placeWidget(m_infoLabel, x, y, w, h);
         break;
     default:
         rejectItem("setItemGeometry", 56);

@@ -65,7 +65,7 @@ WidgetProgressBar::WidgetProgressBar(QWidget *parent)
 void WidgetProgressBar::setItemGeometry(WidgetProgressBar::Item item, int x, int y, int w, int h)
 {
     if (QWidget *part = findPart(item, "setItemGeometry", 73))
-        part->setGeometry(x, y, w, h);
+        placeWidget(part, x, y, w, h);
 }
 
 void WidgetProgressBar::setItemFont(WidgetProgressBar::Item item, int pointSize, bool)

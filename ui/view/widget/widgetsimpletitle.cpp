@@ -28,7 +28,7 @@ WidgetSimpleTitle::WidgetSimpleTitle(QWidget *parent, SoundManager *soundManager
 void WidgetSimpleTitle::setItemGeometry(Item item, int x, int y, int w, int h)
 {
     if (QWidget *part = findPart(item, "setItemGeometry", 31))
-        part->setGeometry(x, y, w, h);
+        placeWidget(part, x, y, w, h);
 }
 
 void WidgetSimpleTitle::setItemStyle(Item item, QString styleSheet)

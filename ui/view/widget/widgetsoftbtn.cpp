@@ -29,7 +29,7 @@ WidgetSoftBtn::WidgetSoftBtn(bool annotated, QWidget *parent, SoundManager *soun
 void WidgetSoftBtn::setItemGeometry(Item item, int x, int y, int w, int h)
 {
     if (QWidget *part = findPart(item, "setItemGeometry", 49))
-        part->setGeometry(x, y, w, h);
+        placeWidget(part, x, y, w, h);
 }
 
 void WidgetSoftBtn::setItemStyle(Item item, QString styleSheet)

@@ -41,8 +41,9 @@ void WidgetStatusBar::setStatusUrl(int item, int status, QString styleSheet)
 
 void WidgetStatusBar::setBgGeometry(int x, int y, int w, int h, int iconWidth)
 {
-    setGeometry(x, y, w, h);
-    m_layout->setContentsMargins(w - IconCount * iconWidth - LeftReserve, 0, RightMargin, 0);
+    placeWidget(this, x, y, w, h);
+    const qint64 left = w - IconCount * qint64(iconWidth) - LeftReserve;
+    m_layout->setContentsMargins(int(qBound(qint64(-QWIDGETSIZE_MAX), left, qint64(QWIDGETSIZE_MAX))), 0, RightMargin, 0);
 }
 
 void WidgetStatusBar::showItem0(int status)

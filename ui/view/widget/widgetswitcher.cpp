@@ -113,16 +113,16 @@ void WidgetSwitcher::setItemGeometry(int item, int x, int y, int w, int h)
         setBgGeometry(x, y, w, h);
         break;
     case LeftPicture:
-        m_leftLabel->setGeometry(x, y, w, h);
+        placeWidget(m_leftLabel, x, y, w, h);
         break;
     case RightPicture:
-        m_rightLabel->setGeometry(x, y, w, h);
+        placeWidget(m_rightLabel, x, y, w, h);
         break;
     case CentrePicture:
-        m_centreLabel->setGeometry(x, y, w, h);
+        placeWidget(m_centreLabel, x, y, w, h);
         break;
     case Name:
-        m_nameLabel->setGeometry(x, y, w, h);
+        placeWidget(m_nameLabel, x, y, w, h);
         break;
     case PagesOff:
         m_autoPage = false;
@@ -139,7 +139,7 @@ void WidgetSwitcher::setItemGeometry(int item, int x, int y, int w, int h)
 
 void WidgetSwitcher::setBgGeometry(int x, int y, int w, int h)
 {
-    setGeometry(x, y, w, h);
+    placeWidget(this, x, y, w, h);
     setAutoPageGeometry();
 }
 
@@ -211,13 +211,13 @@ void WidgetSwitcher::setPageGeometry(int x, int y, int w, int h)
 void WidgetSwitcher::placePageOffLabels()
 {
     for (int i = 0; i < EntryCount; ++i)
-        m_pageOffLabels[i]->setGeometry(m_pageX + PageOffStep * i, m_pageY, m_pageW, m_pageH);
+        placeWidget(m_pageOffLabels[i], qint64(m_pageX) + PageOffStep * i, m_pageY, m_pageW, m_pageH);
 }
 
 void WidgetSwitcher::placePageOnLabel(int index)
 {
     // Its step follows the size of the dots, that of the unlit ones does not.
-    m_pageOnLabel->setGeometry(m_pageX + index * (m_pageW + PageOnGap), m_pageY, m_pageW, m_pageH);
+    placeWidget(m_pageOnLabel, m_pageX + index * (qint64(m_pageW) + PageOnGap), m_pageY, m_pageW, m_pageH);
 }
 
 void WidgetSwitcher::dressPages(int index)
