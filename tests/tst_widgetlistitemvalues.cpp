@@ -74,6 +74,7 @@ private slots:
     void clearAfterRefreshIsTakenBackByTheNextDisplayValue();
     void clearAfterRefreshForgetsTheCurrentValueOnly();
     void clearAfterRefreshOutsideTheListForgetsNothing();
+    void clearAfterRefreshWaitsForAValue();
 
     void setDisplayValueIndexShowsByKind_data();
     void setDisplayValueIndexShowsByKind();
@@ -866,6 +867,19 @@ void TestWidgetListItemValues::clearAfterRefreshForgetsTheCurrentValueOnly()
     QCOMPARE(row.getDisplayValue(), QStringLiteral("A"));
     row.setDisplayValueIndex(1);
     row.updateValue();
+    QCOMPARE(row.getDisplayValue(), QString());
+}
+
+void TestWidgetListItemValues::clearAfterRefreshWaitsForAValue()
+{
+    WidgetListItem row(nullptr, sound());
+    row.setDisplayValue(0, QStringLiteral("X"), true);
+    row.removeAllValue();
+    row.refresh();
+    row.addValue(QStringLiteral("Y"));
+    row.refresh();
+    QCOMPARE(row.getDisplayValue(), QStringLiteral("Y"));
+    row.refresh();
     QCOMPARE(row.getDisplayValue(), QString());
 }
 

@@ -110,6 +110,7 @@ private slots:
     void rowDeletedBesideItsNewPlace();
     void deletedChildOfAnotherParentIsForgotten();
     void rowMovedToAnotherListIsForgottenByTheFirst();
+    void rowThatTheTableHasMovedIsForgottenByTheFirst();
     void rowTakenOutOfItsCellLeavesTheOthersWhenItIsDeleted();
     void rowThatIsToBeDeletedGoesFromItsListAsWell();
     void deletedRowsMakeRoomForOthers();
@@ -352,6 +353,7 @@ void TestWidgetListRows::hiddenListHandsTheFocusOn()
     // As the toolkit does for any widget that is hidden: who takes the Tab key next gets the focus.
     Menu menu(4);
     QLineEdit edit(&menu.screen);
+    QLineEdit lastEdit(&menu.screen);
     menu.show();
     QCOMPARE(focusedRow(*menu.list), 0);
     menu.list->hide();
@@ -599,6 +601,23 @@ void TestWidgetListRows::rowMovedToAnotherListIsForgottenByTheFirst()
     QVERIFY(item->isVisible());
     delete item;
     QCOMPARE(other.table()->cellWidget(0, 0), nullptr);
+}
+
+void TestWidgetListRows::rowThatTheTableHasMovedIsForgottenByTheFirst()
+{
+    Menu menu(3);
+    menu.show();
+    Menu other(0);
+    other.list->setRowCount(1);
+    other.show();
+    menu.table()->insertRow(0);
+    const QPointer<WidgetListItem> item = menu.item(2);
+    other.list->addListItem(item);
+    QCOMPARE(menu.table()->cellWidget(2, 0), nullptr);
+    QVERIFY(menu.item(1) && menu.item(3));
+    menu.table()->setRowCount(0);
+    runEventLoop();
+    QVERIFY(item && item->isVisible());
 }
 
 void TestWidgetListRows::rowTakenOutOfItsCellLeavesTheOthersWhenItIsDeleted()

@@ -338,6 +338,7 @@ private slots:
     void fetchesNearTheEndOnly();
     void fetchesForAnEmptyListAtItsShow();
     void fetchesWhatComesLater();
+    void fetchesOnWhenTooFewComeLater();
     void fetchWithoutRowsIsNotAskedForAgainAndAgain();
     void fetchIsNotAskedForInTheMiddleOfAFetch();
 
@@ -1137,6 +1138,24 @@ void TestWidgetListViewModels::fetchesWhatComesLater()
     QCOMPARE(menu.list->selectedRow(), 38);
     QCOMPARE(menu.type(Qt::Key_8), 39);
     QVERIFY(looksFresh(menu));
+}
+
+void TestWidgetListViewModels::fetchesOnWhenTooFewComeLater()
+{
+    LateModel model;
+    ViewMenu menu(&model);
+    menu.show();
+    // More than are in view, which is all that the toolkit itself looks at, but less than two views.
+    int asked = model.m_fetches;
+    model.deliver(2 * s_rowsInView - 1);
+    runEventLoop();
+    QVERIFY(model.m_fetches > asked);
+    model.deliver(2);
+    runEventLoop();
+    asked = model.m_fetches;
+    model.deliver(1);
+    runEventLoop();
+    QCOMPARE(model.m_fetches, asked);
 }
 
 void TestWidgetListViewModels::fetchWithoutRowsIsNotAskedForAgainAndAgain()

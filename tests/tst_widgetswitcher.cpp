@@ -44,6 +44,8 @@ private slots:
     void litDotReplacesTheUnlitOne();
     void everyDotGetsItsSheet();
     void emptySheetsAreApplied();
+    void styleOfOneItemLeavesTheOthers_data();
+    void styleOfOneItemLeavesTheOthers();
     void everyShowBringsTheDisplayUpToDate();
     void selectItemIsSilentAndEmitsNothing();
 
@@ -504,6 +506,46 @@ void TestWidgetSwitcher::emptySheetsAreApplied()
     for (const QLabel *label : switcher.findChildren<QLabel *>())
         QCOMPARE(label->styleSheet(), QString());
     QCOMPARE(parts.name->text(), QString());
+}
+
+void TestWidgetSwitcher::styleOfOneItemLeavesTheOthers_data()
+{
+    QTest::addColumn<int>("item");
+    QTest::addColumn<QString>("changed");
+    QTest::newRow("the switcher itself") << 0 << "itself";
+    QTest::newRow("left picture") << 1 << "sides";
+    QTest::newRow("right picture") << 2 << "sides";
+    QTest::newRow("centre picture") << 3 << "centre";
+    QTest::newRow("name") << 4 << "name";
+    QTest::newRow("unlit dots") << 5 << "pages off";
+    QTest::newRow("lit dot") << 6 << "page on";
+}
+
+void TestWidgetSwitcher::styleOfOneItemLeavesTheOthers()
+{
+    QFETCH(int, item);
+    QFETCH(QString, changed);
+    WidgetSwitcher switcher(nullptr, nullptr);
+    fill(switcher);
+    const Parts parts(switcher);
+    const auto seen = [&] {
+        QMap<QString, QStringList> styles;
+        for (int entry = 0; entry < 6; ++entry) {
+            switcher.selectItem(entry);
+            styles["itself"] << switcher.styleSheet();
+            styles["sides"] << parts.left->styleSheet() << parts.right->styleSheet();
+            styles["centre"] << parts.centre->styleSheet();
+            styles["name"] << parts.name->text();
+            styles["pages off"] << parts.pagesOff.at(entry)->styleSheet();
+            styles["page on"] << parts.pageOn->styleSheet();
+        }
+        return styles;
+    };
+    QMap<QString, QStringList> before = seen();
+    switcher.setItemStyle(item, QStringLiteral("color: #010203"), QString(), 2);
+    QMap<QString, QStringList> after = seen();
+    QVERIFY(after.take(changed) != before.take(changed));
+    QCOMPARE(after, before);
 }
 
 void TestWidgetSwitcher::everyShowBringsTheDisplayUpToDate()

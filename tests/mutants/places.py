@@ -169,7 +169,7 @@ class Source:
             self.change(*extent, '(%s) + 1' % text)
         elif result.kind == TypeKind.POINTER:
             self.change(*extent, '0')
-        elif result.kind == TypeKind.RECORD and not text.endswith('()'):
+        elif result.kind == TypeKind.RECORD:
             self.change(*extent, value.type.spelling.replace('const ', '') + '()')
 
     def change_enumerator(self, cursor):

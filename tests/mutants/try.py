@@ -46,7 +46,7 @@ MINIMUM_PER_SOURCE = 3
 # Tests also wait.
 WORKERS = os.cpu_count() + 1
 # Those that programs include are compiled into the tests as well, and left alone.
-INTERNAL_HEADERS = ['keypadcells.h', 'listlook.h', 'qtcompat.h', 'titlelook.h', 'widgetdetails.h']
+INTERNAL_HEADERS = ['keypadcells.h', 'listkeys.h', 'listlook.h', 'qtcompat.h', 'titlelook.h', 'widgetdetails.h']
 CATCHERS_TO_TRY = 30
 # A program that grows without end is one that is caught.
 MEMORY_LIMIT = 4 << 30
