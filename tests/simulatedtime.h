@@ -7,11 +7,11 @@
 #include <QByteArray>
 #include <QThread>
 
-#include <chrono>
-#include <condition_variable>
+#include <cerrno>
 #include <ctime>
 #include <list>
 #include <mutex>
+#include <semaphore.h>
 #include <thread>
 
 /// A time in which update threads sleep. It stands still while one of them works and goes on when the test says so, to
@@ -22,6 +22,33 @@
 /// Make it when no update thread runs, and have them stopped when it goes.
 class SimulatedTime
 {
+    // Not a condition variable: the C library may lose one wakening in some millions of them.
+    class Semaphore
+    {
+    public:
+        Semaphore() { sem_init(&m_semaphore, 0, 0); }
+        ~Semaphore() { sem_destroy(&m_semaphore); }
+        Semaphore(const Semaphore &) = delete;
+        Semaphore &operator=(const Semaphore &) = delete;
+
+        void release() { sem_post(&m_semaphore); }
+
+        bool acquire()
+        {
+            timespec end;
+            clock_gettime(CLOCK_REALTIME, &end);
+            end.tv_sec += LongestWait / 1000;
+            int result;
+            do {
+                result = sem_timedwait(&m_semaphore, &end);
+            } while (result == -1 && errno == EINTR);
+            return result == 0;
+        }
+
+    private:
+        sem_t m_semaphore;
+    };
+
 public:
     /// What is known of a thread that has started.
     struct Sleeper
@@ -34,6 +61,7 @@ public:
     private:
         friend class SimulatedTime;
         std::thread::id id;
+        Semaphore waking;
         bool awake = true;
         bool ended = false;
         qint64 wakesAt = 0;
@@ -99,7 +127,7 @@ private:
     {
         const std::thread::id own = std::this_thread::get_id();
         std::mutex mutex;
-        std::condition_variable changed;
+        Semaphore changed;
         std::list<Sleeper> sleepers;
         qint64 now = 0;
         int scale = 1;
@@ -111,11 +139,17 @@ private:
             return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
         }
 
+        /// In the test's thread: until \a condition holds, which may be from the next change on.
         template <typename Condition>
         bool wait(std::unique_lock<std::mutex> &lock, Condition condition)
         {
-            return changed.wait_until(lock, std::chrono::system_clock::now() + std::chrono::milliseconds(LongestWait),
-                                      condition);
+            bool changes = true;
+            while (changes && !condition()) {
+                lock.unlock();
+                changes = changed.acquire();
+                lock.lock();
+            }
+            return condition();
         }
 
         Sleeper *sleeperOfThisThread()
@@ -172,7 +206,7 @@ private:
             } else {
                 sleeper->awake = false;
                 sleeper->ended = true;
-                changed.notify_all();
+                changed.release();
             }
         }
 
@@ -198,8 +232,9 @@ private:
             sleeper->kicks = 0;
             sleeper->wakesAt = end;
             sleeper->awake = false;
-            changed.notify_all();
-            wait(lock, [sleeper] { return sleeper->awake; });
+            changed.release();
+            lock.unlock();
+            sleeper->waking.acquire();
             sleeper->awakeSince = processorTime();
         }
 
@@ -210,7 +245,7 @@ private:
                 return nullptr;
             now = qMax(now, sleeper->wakesAt);
             sleeper->awake = true;
-            changed.notify_all();
+            sleeper->waking.release();
             return wait(lock, [sleeper] { return !sleeper->awake; }) ? sleeper : nullptr;
         }
     };
