@@ -100,6 +100,7 @@ private slots:
     void setsItsTitle();
     void setsItsTitleIcon();
     void addsAGuide();
+    void guideEndsWhereTheToolkitCanStillAddItsPlaceAndSize();
 
     // Rows
     void rowTakesTheHeightOfItsItem_data();
@@ -438,6 +439,16 @@ void TestWidgetList::addsAGuide()
     QCOMPARE(info->geometry(), QRect(150, 3, 60, 14));
     QCOMPARE(info->styleSheet(), QStringLiteral("color: red;"));
     QCOMPARE(RecordingPlatform::events(), QStringList("log:16:[setItemStyle, 93] concatStyle = color: red;"));
+}
+
+void TestWidgetList::guideEndsWhereTheToolkitCanStillAddItsPlaceAndSize()
+{
+    const int last = INT_MAX - QWIDGETSIZE_MAX;
+    WidgetList list(1, nullptr, sound());
+    list.addGuide(QString(), QRect(QPoint(INT_MIN, 3), QPoint(INT_MAX, 16)));
+    QCOMPARE(titleLabels(list).at(2)->geometry(), QRect(-last, 3, QWIDGETSIZE_MAX, 14));
+    list.addGuide(QString(), QRect(QPoint(5, INT_MAX), QPoint(14, INT_MIN)));
+    QCOMPARE(titleLabels(list).at(2)->geometry(), QRect(5, last, 10, 0));
 }
 
 // --- Rows

@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <climits>
+
 class TestWidgetMarqueeLable : public QObject
 {
     Q_OBJECT
@@ -134,6 +136,10 @@ void TestWidgetMarqueeLable::countsOnWithAnEmptyText()
     tick(&label, 1, 4);
     QCOMPARE(label.text(), QString());
     QCOMPARE(label.m_offset, 5);
+    label.m_offset = INT_MAX;
+    tick(&label);
+    QCOMPARE(label.text(), QString());
+    QCOMPARE(label.m_offset, INT_MAX);
 }
 
 void TestWidgetMarqueeLable::staysAtZeroWithOneCharacter()
@@ -199,6 +205,8 @@ void TestWidgetMarqueeLable::survivesAnOffsetOutsideTheText_data()
     QTest::newRow("far past the end") << 1000000 << 1;
     QTest::newRow("negative") << -3 << -2;
     QTest::newRow("far negative") << -14 << -3;
+    QTest::newRow("the largest") << INT_MAX << 3;
+    QTest::newRow("the smallest") << INT_MIN << -2;
 }
 
 void TestWidgetMarqueeLable::survivesAnOffsetOutsideTheText()

@@ -35,6 +35,8 @@ private slots:
     void amountOutsideTheRangeLeavesTheQuotient();
     void capacityOfZeroTakesAnyValue_data();
     void capacityOfZeroTakesAnyValue();
+    void capacityOfZeroIsPaintedInAnyWidth_data();
+    void capacityOfZeroIsPaintedInAnyWidth();
     void smallestIntegerDividedByMinusOneIsNoCrash();
     void barGetsTheQuotientThenTheAmount();
     void logsAndEmitsInOrder();
@@ -267,6 +269,36 @@ void TestWidgetProgressBar::capacityOfZeroTakesAnyValue()
     QCOMPARE(bar(widget)->format(), QString("0 "));
     QCOMPARE(bar(widget)->value(), use);
     QTEST(valueLabel(widget)->text(), "text");
+}
+
+void TestWidgetProgressBar::capacityOfZeroIsPaintedInAnyWidth_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::newRow("without a sheet") << QString();
+    QTest::newRow("with a border") << "border: 2px solid red;";
+    QTest::newRow("with a padding") << "padding: 3px;";
+    QTest::newRow("with a margin") << "margin-left: 4px;";
+}
+
+void TestWidgetProgressBar::capacityOfZeroIsPaintedInAnyWidth()
+{
+    QFETCH(QString, sheet);
+    WidgetProgressBar widget(nullptr);
+    widget.setItemStyle(WidgetProgressBar::ItemBar, sheet);
+    widget.setItemUseMaxValue(0, 0);
+    QVERIFY(showAndPaint(widget));
+    for (int width = 0; width < 12; ++width) {
+        widget.setItemGeometry(WidgetProgressBar::ItemBar, 6, 23, width, 17);
+        // The second time it moves already.
+        for (int i = 0; i < 2; ++i) {
+            widget.repaint();
+            runEventLoop();
+        }
+        QCOMPARE(bar(widget)->width(), width);
+    }
+    widget.setItemStyle(WidgetProgressBar::ItemBar, QString());
+    widget.setItemGeometry(WidgetProgressBar::ItemBar, 6, 23, 1, 17);
+    QCOMPARE(widget.grab().toImage().pixelColor(6, 30), QColor("#9F9898"));
 }
 
 void TestWidgetProgressBar::smallestIntegerDividedByMinusOneIsNoCrash()

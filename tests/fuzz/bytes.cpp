@@ -94,6 +94,13 @@ int Bytes::length()
     return kind - 10;
 }
 
+QRect Bytes::rect()
+{
+    const int x = length(), y = length(), w = length(), h = length();
+    const bool fits = qMax(qAbs(qint64(x)) + qAbs(qint64(w)), qAbs(qint64(y)) + qAbs(qint64(h))) < INT_MAX;
+    return fits ? QRect(x, y, w, h) : QRect(QPoint(x, y), QPoint(w, h));
+}
+
 bool Bytes::takesHuge()
 {
     if (atEnd() || m_hadHuge || byte() % 8 != 0)
@@ -190,7 +197,7 @@ QString Bytes::sheet()
         "max-height: 0px; max-width: 0px; width: -1; height: 99999999999999999999px;",
         "image: url(:/resource/images_l2/tna_bg.png:/resource); border-image: url() 1 2 3 4 5 6;",
         "@media print { * { color: red } } !important;",
-        "border-radius: 1000000000px; border: 100000000px solid rgba(1, 2, 3, 4, 5, 6);",
+        "border-radius: 1000000000px; border: 19px solid rgba(1, 2, 3, 4, 5, 6);",
         "image: url(:/resource/images_l2);",
         "image: url(file:///dev/null);",
     };
@@ -206,8 +213,8 @@ QString Bytes::sheet()
         sheet = takesHuge() ? hugeText(QString::fromLatin1("{ ")) : QString::fromLatin1("{{");
     else if (kind < 230)
         return text();
-    else
-        sheet = QString::fromLatin1(raw(255));
+    else  // where a border is wider than half of a border-image, the toolkit paints what lies beside the picture in memory
+        sheet = QString::fromLatin1(raw(255)).remove(QLatin1String("border"), Qt::CaseInsensitive);
     m_notes << noted(sheet);
     return sheet;
 }

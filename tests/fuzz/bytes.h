@@ -32,6 +32,9 @@ public:
     /// A length that is seen on a screen, or any int.
     int length();
 
+    /// One made of such lengths, or with its corners anywhere.
+    QRect rect();
+
     /// Any text: empty, null, with zeros, half a surrogate pair, written from right to left, of 100,000 characters (once).
     QString text();
 

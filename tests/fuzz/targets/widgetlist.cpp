@@ -133,7 +133,7 @@ protected:
         }
         case 22: {
             const QString style = sheet();
-            const QRect rect(bytes().length(), bytes().length(), bytes().length(), bytes().length());
+            const QRect rect = bytes().rect();
             return set("addGuide", [=](WidgetList *list) { list->addGuide(style, rect); });
         }
         case 23: {

@@ -126,7 +126,7 @@ protected:
         }
         case 21: {
             const QString style = sheet();
-            const QRect rect(bytes().length(), bytes().length(), bytes().length(), bytes().length());
+            const QRect rect = bytes().rect();
             return set("addGuide", [=](WidgetListView *view) { view->addGuide(style, rect); });
         }
         case 22:

@@ -80,7 +80,7 @@ void ListTitle::addGuide(const QString &style, const QRect &rect)
         // It hides what it stands upon.
         m_guide->setStyleSheet(QLatin1String("background-color: " TITLE_BAR_COLOUR ";"));
     }
-    m_guide->setGeometry(rect);
+    m_guide->setGeometry(boundedRect(rect));
     applyStyleSheet(m_guide, withStyle(m_guide->styleSheet(), style));
     showWithParent(m_guide);
 }

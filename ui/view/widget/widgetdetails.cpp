@@ -162,12 +162,32 @@ void applyFont(QWidget *widget, const QFont &font)
         widget->setFont(font);
 }
 
-void placeWidget(QWidget *widget, qint64 x, qint64 y, int w, int h)
+namespace {
+
+int bounded(qint64 first, qint64 value, qint64 last)
+{
+    return int(qBound(first, value, last));
+}
+
+}
+
+QRect boundedRect(qint64 x, qint64 y, qint64 w, qint64 h)
 {
     // So far from the ends of the numbers that a place and a size can be added.
     const qint64 last = INT_MAX - QWIDGETSIZE_MAX;
-    widget->setGeometry(int(qBound(-last, x, last)), int(qBound(-last, y, last)), qBound(0, w, QWIDGETSIZE_MAX),
-                        qBound(0, h, QWIDGETSIZE_MAX));
+    return QRect(bounded(-last, x, last), bounded(-last, y, last), bounded(0, w, QWIDGETSIZE_MAX),
+                 bounded(0, h, QWIDGETSIZE_MAX));
+}
+
+QRect boundedRect(const QRect &rect)
+{
+    return boundedRect(rect.left(), rect.top(), qint64(rect.right()) - rect.left() + 1,
+                       qint64(rect.bottom()) - rect.top() + 1);
+}
+
+void placeWidget(QWidget *widget, qint64 x, qint64 y, int w, int h)
+{
+    widget->setGeometry(boundedRect(x, y, w, h));
 }
 
 void showWithParent(QWidget *child)

@@ -74,8 +74,12 @@ void applyStyleSheet(QWidget *widget, const char *sheet);
 /// Sets \a font on \a widget unless it is in place: the toolkit would resolve it, and note it for the style sheets, anew.
 void applyFont(QWidget *widget, const QFont &font);
 
-/// Gives \a widget the rectangle at (\a x, \a y) with the size \a w by \a h. A size below zero is none. A size or a
-/// coordinate beyond what the toolkit can count with is the last one that it can.
+/// The rectangle at (\a x, \a y) with the size \a w by \a h. A size below zero is none. A size or a coordinate beyond
+/// what the toolkit can count with is the last one that it can.
+QRect boundedRect(qint64 x, qint64 y, qint64 w, qint64 h);
+QRect boundedRect(const QRect &rect);
+
+/// Gives \a widget that rectangle.
 void placeWidget(QWidget *widget, qint64 x, qint64 y, int w, int h);
 
 /// Shows \a child together with its parent. Unlike QWidget::show() this does not dress a child before it can be seen.

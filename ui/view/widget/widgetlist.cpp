@@ -90,7 +90,8 @@ void WidgetList::setTitleIcon(QString style)
 
 void WidgetList::addGuide(QString style, QRect rect)
 {
-    m_menuTitle->setItemGeometry(WidgetMenuTitle::ItemInfo, rect.x(), rect.y(), rect.width(), rect.height());
+    const QRect place = boundedRect(rect);
+    m_menuTitle->setItemGeometry(WidgetMenuTitle::ItemInfo, place.x(), place.y(), place.width(), place.height());
     m_menuTitle->setItemStyle(WidgetMenuTitle::ItemInfo, style);
 }
 

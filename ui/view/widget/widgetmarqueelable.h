@@ -24,7 +24,8 @@ public:
     virtual ~WidgetMarqueeLable();
 
 protected:
-    /// Turns the text by one more character. An empty text is shown as such, and the offset counts up.
+    /// Turns the text by one more character. An empty text is shown as such, and the offset counts up
+    /// to INT_MAX.
     virtual void timerEvent(QTimerEvent *event);
 };
 

@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QPointer>
 #include <QProgressBar>
+#include <QStyleOption>
+#include <QStylePainter>
 
 namespace {
 
@@ -24,6 +26,29 @@ void trace(const char *function)
 {
     Logging::log(Logging::LogTrace, "[%s, %s]", SourcePath, function);
 }
+
+// Without a range the toolkit divides by the width inside the frame.
+class Bar : public QProgressBar
+{
+public:
+    explicit Bar(QWidget *parent) : QProgressBar(parent) {}
+
+protected:
+    virtual void paintEvent(QPaintEvent *event)
+    {
+        if (minimum() == maximum()) {
+            QStyleOptionProgressBar option;
+            initStyleOption(&option);
+            if (style()->subElementRect(QStyle::SE_ProgressBarContents, &option, this).width() <= 1) {
+                option.maximum = option.minimum + 1;
+                option.progress = option.minimum;
+                QStylePainter(this).drawControl(QStyle::CE_ProgressBar, option);
+                return;
+            }
+        }
+        QProgressBar::paintEvent(event);
+    }
+};
 
 // Sets a value that is replaced at once, without the bar painting it on the spot.
 void setPassingValue(QProgressBar *bar, int value)
@@ -54,7 +79,7 @@ WidgetProgressBar::WidgetProgressBar(QWidget *parent)
     m_valueLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_valueLabel->setFont(font);
 
-    m_bar = new QProgressBar(this);
+    m_bar = new Bar(this);
     m_bar->setGeometry(BarRect);
     m_bar->setAlignment(Qt::AlignRight);
 
