@@ -56,6 +56,7 @@ LIST_VIEW = ['tst_widgetlistview', 'tst_widgetlistviewmodels', 'tst_widgetlistvi
 # What is not tst_<class> alone.
 PROGRAMS = {
     'keypadcells': ['tst_widgetkeypad', 'tst_widgetkeypadbottom'],
+    'keypadline': ['tst_widgetkeypad', 'tst_widgetkeypadprivacy', 'tst_widgetkeypadinput'],
     'listkeys': LIST + LIST_VIEW,
     'listlook': LIST + LIST_VIEW,
     'listtitle': ['tst_widgetlist', 'tst_widgetlistview', 'tst_widgetlistviewpictures'],
@@ -70,7 +71,7 @@ PROGRAMS = {
     'widgetdate': ['tst_widgetdate', 'tst_dateupdatethread'],
     'widgetdetails': ['tst_widgetbottom', 'tst_widgetsimpletitle', 'tst_widgetsoftbtn', 'tst_widgeticongroup',
                       'tst_widgetmenutitle', 'tst_widgetkeypad', 'tst_widgetclock', 'tst_widgetdate'] + LIST + LIST_VIEW,
-    'widgetkeypad': ['tst_widgetkeypad', 'tst_widgetkeypadinput'],
+    'widgetkeypad': ['tst_widgetkeypad', 'tst_widgetkeypadinput', 'tst_widgetkeypadprivacy'],
     'widgetlist': ['tst_widgetlist', 'tst_widgetlistrows'],
     'widgetlistitem': LIST,
     'widgetlistview': LIST_VIEW,
