@@ -38,7 +38,7 @@ struct Option
 QString takeScreen(Options &options, const QString &value)
 {
     options.screen = value;
-    if (findScreen(value))
+    if (findScreen(allScreens(), value))
         return QString();
     QStringList names;
     for (const Screen &screen : allScreens())
@@ -197,7 +197,7 @@ QString withoutDashes(const QString &name)
 QString unknownOption(const QString &name)
 {
     const QString unknown = QStringLiteral("There is no option \"%1\". ").arg(name);
-    if (findScreen(name))
+    if (findScreen(allScreens(), name))
         return unknown + QStringLiteral("Do you mean --screen %1?").arg(name);
     for (const Option &option : optionTable) {
         const QString known = QString::fromLatin1(option.name);

@@ -1,7 +1,6 @@
 #include "device.h"
 
 #include "message.h"
-#include "screens.h"
 #include "texts.h"
 #include "widget.h"
 
@@ -9,8 +8,9 @@
 #include <QImage>
 #include <QKeyEvent>
 
-Device::Device(KeyMode keyMode, QWidget *parent)
+Device::Device(const Screens &screens, KeyMode keyMode, QWidget *parent)
     : QWidget(parent),
+      m_screens(screens),
       m_keyMode(keyMode),
       m_memory(std::make_unique<QObject>()),
       m_message(new Message(this))
@@ -21,7 +21,7 @@ Device::Device(KeyMode keyMode, QWidget *parent)
 
 void Device::open(const QString &name)
 {
-    const Screen *screen = findScreen(name);
+    const Screen *screen = findScreen(m_screens, name);
     if (!screen) {
         showMessage(text("There is no such screen"));
         return;
@@ -31,11 +31,11 @@ void Device::open(const QString &name)
 
 void Device::push(QWidget *screen, int barHeight)
 {
-    if (!m_screens.empty())
-        m_screens.back().lastFocus = focusWidget();
+    if (!m_openScreens.empty())
+        m_openScreens.back().lastFocus = focusWidget();
     screen->setGeometry(0, 0, Width, Height);
     screen->setAutoFillBackground(true);
-    m_screens.push_back({screen, nullptr, barHeight});
+    m_openScreens.push_back({screen, nullptr, barHeight});
     setKeyModeOfWidgets();
     screen->show();
     if (!screen->isAncestorOf(focusWidget()))
@@ -45,12 +45,12 @@ void Device::push(QWidget *screen, int barHeight)
 
 void Device::back()
 {
-    if (m_screens.size() < 2) {
+    if (m_openScreens.size() < 2) {
         showMessage(text("This is the first screen"));
         return;
     }
     closeTop();
-    const OpenScreen &top = m_screens.back();
+    const OpenScreen &top = m_openScreens.back();
     if (top.lastFocus)
         top.lastFocus->setFocus();
     else
@@ -59,7 +59,7 @@ void Device::back()
 
 void Device::start(const QString &name)
 {
-    while (!m_screens.empty())
+    while (!m_openScreens.empty())
         closeTop();
     m_memory = std::make_unique<QObject>();
     forgetKeys();
@@ -69,7 +69,7 @@ void Device::start(const QString &name)
 
 void Device::showMessage(const QString &text)
 {
-    m_message->showText(text, m_screens.empty() ? TitleBarHeight : m_screens.back().barHeight);
+    m_message->showText(text, m_openScreens.empty() ? Screen::TitleBarHeight : m_openScreens.back().barHeight);
 }
 
 void Device::press(int key)
@@ -124,8 +124,8 @@ void Device::keyReleaseEvent(QKeyEvent *event)
 
 void Device::closeTop()
 {
-    QWidget *widget = m_screens.back().widget;
-    m_screens.pop_back();
+    QWidget *widget = m_openScreens.back().widget;
+    m_openScreens.pop_back();
     widget->hide();
     widget->deleteLater();
 }
@@ -145,7 +145,7 @@ QWidget *Device::keyReceiver()
     QWidget *focused = QApplication::focusWidget();
     if (focused && isAncestorOf(focused))
         return focused;
-    return m_screens.empty() ? this : m_screens.back().widget;
+    return m_openScreens.empty() ? this : m_openScreens.back().widget;
 }
 
 void Device::setKeyModeOfWidgets()

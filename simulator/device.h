@@ -2,6 +2,7 @@
 #define DEVICE_H
 
 #include "keys.h"
+#include "screen.h"
 
 #include <QEvent>
 #include <QPointer>
@@ -22,18 +23,18 @@ class Device : public QWidget
 public:
     static constexpr int Width = 220;
     static constexpr int Height = 176;
-    static constexpr int TitleBarHeight = 38;  // the library's
 
-    Device(KeyMode keyMode, QWidget *parent);
+    /// A device with \a screens, of which none is open yet; they must stay where they are.
+    Device(const Screens &screens, KeyMode keyMode, QWidget *parent);
 
     // For the screens.
 
-    /// Opens the screen \a name (see screens.h) on top of the others. Those stay as they are, in focus and rows.
+    /// Opens the screen \a name on top of the others. Those stay as they are, in focus and rows.
     void open(const QString &name);
 
     /// Opens \a screen, a child of the device, in the same way: one that needs to be told something, or has something
     /// to tell. Its messages show in place of the bar at its top, which is \a barHeight high.
-    void push(QWidget *screen, int barHeight = TitleBarHeight);
+    void push(QWidget *screen, int barHeight = Screen::TitleBarHeight);
 
     /// Closes the screen on top and returns to the one below, at the row that had the focus. The first screen stays.
     /// A screen may call this from anywhere: it is deleted later.
@@ -44,6 +45,8 @@ public:
 
     /// Shows a few words in place of the bar at the top, for two seconds or up to the next key.
     void showMessage(const QString &text);
+
+    const Screens &screens() const { return m_screens; }
 
     KeyMode keyMode() const { return m_keyMode; }
 
@@ -87,9 +90,10 @@ private:
     QWidget *keyReceiver();
     void setKeyModeOfWidgets();
 
+    const Screens &m_screens;
     KeyMode m_keyMode;
     std::unique_ptr<QObject> m_memory;
-    std::vector<OpenScreen> m_screens;
+    std::vector<OpenScreen> m_openScreens;
     QSet<int> m_keysDown;
     Message *m_message;
 };

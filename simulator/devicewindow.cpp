@@ -47,9 +47,9 @@ QString lettersOn(int row, int column)
 
 }
 
-DeviceWindow::DeviceWindow(KeyMode keyMode, int zoom)
+DeviceWindow::DeviceWindow(const Screens &screens, KeyMode keyMode, int zoom)
     : m_zoom(zoom),
-      m_device(keyMode, this),
+      m_device(screens, keyMode, this),
       m_magnifier(m_device, zoom, this)
 {
     setWindowTitle(QStringLiteral("Simulator"));

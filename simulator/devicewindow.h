@@ -18,7 +18,8 @@ class QKeyEvent;
 class DeviceWindow : public QWidget
 {
 public:
-    DeviceWindow(KeyMode keyMode, int zoom);
+    /// The window of a device with \a screens, which must stay where they are.
+    DeviceWindow(const Screens &screens, KeyMode keyMode, int zoom);
 
     Device &device() { return m_device; }
     int zoom() const { return m_zoom; }

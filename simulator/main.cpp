@@ -114,7 +114,7 @@ int main(int argc, char *argv[])
     addPlugins();
     applyLook();
 
-    DeviceWindow window(options.keyMode, options.zoom ? options.zoom : picturesOnly ? 1 : 2);
+    DeviceWindow window(allScreens(), options.keyMode, options.zoom ? options.zoom : picturesOnly ? 1 : 2);
     window.showActive();
 
     // From within the event loop, in which screens live on the device as well.

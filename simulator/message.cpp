@@ -1,7 +1,5 @@
 #include "message.h"
 
-#include "device.h"
-
 namespace {
 
 const int MessageTime = 2000;
@@ -25,7 +23,7 @@ Message::Message(QWidget *parent)
 
 void Message::showText(const QString &text, int height)
 {
-    setGeometry(0, 0, Device::Width, height);
+    setGeometry(0, 0, parentWidget()->width(), height);
     setText(text);
     raise();
     show();

@@ -15,9 +15,9 @@ Screen settingsScreen();
 Screen soundScreen();
 Screen textScreen();
 
-const std::vector<Screen> &allScreens()
+const Screens &allScreens()
 {
-    static const std::vector<Screen> screens = {
+    static const Screens screens = {
         homeScreen(),
         radioScreen(),
         choiceScreen(),
@@ -34,13 +34,4 @@ const std::vector<Screen> &allScreens()
         contactsScreen(),
     };
     return screens;
-}
-
-const Screen *findScreen(const QString &name)
-{
-    for (const Screen &screen : allScreens()) {
-        if (name == QLatin1String(screen.name))
-            return &screen;
-    }
-    return nullptr;
 }

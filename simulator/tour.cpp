@@ -2,7 +2,6 @@
 
 #include "device.h"
 #include "devicewindow.h"
-#include "screens.h"
 
 #include "platform/stringrc.h"
 
@@ -128,7 +127,7 @@ bool takeTour(DeviceWindow &window, const Options &options)
         complainOfPlace(options.tour, QString::fromLocal8Bit(error.message().c_str()), TourWay);
         return false;
     }
-    for (const Screen &screen : allScreens()) {
+    for (const Screen &screen : window.device().screens()) {
         for (const ScreenState &state : screen.states) {
             if (!takeState(window, options, screen, state))
                 return false;

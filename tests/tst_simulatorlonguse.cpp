@@ -99,7 +99,7 @@ class User
 public:
     explicit User(unsigned seed)
         : m_random(seed),
-          m_window(KeyMode::Digits, 1)
+          m_window(allScreens(), KeyMode::Digits, 1)
     {
         m_window.showActive();
         goHome();

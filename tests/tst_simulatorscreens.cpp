@@ -203,7 +203,7 @@ Picture pictureOf(Device &device)
 Picture take(const char *screen, const char *keys, bool rightToLeft, KeyMode keyMode = KeyMode::Digits)
 {
     StringRC::getInstance()->m_rightToLeft = rightToLeft;
-    DeviceWindow window(keyMode, 1);
+    DeviceWindow window(allScreens(), keyMode, 1);
     window.showActive();
     window.device().start(QString::fromLatin1(screen));
     runFor(0);
@@ -224,7 +224,7 @@ QString withoutMarks(QString text)
 struct ContactsAtWork
 {
     ContactsAtWork(const char *screen, const char *keys, KeyMode keyMode = KeyMode::Digits, bool rightToLeft = false)
-        : window(keyMode, 1)
+        : window(allScreens(), keyMode, 1)
     {
         StringRC::getInstance()->m_rightToLeft = rightToLeft;
         window.showActive();

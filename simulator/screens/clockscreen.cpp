@@ -1,7 +1,7 @@
 // A clock made of pictures, with the date below it and, above it, lamps for what keeps the two going.
 
 #include "device.h"
-#include "screens.h"
+#include "screen.h"
 #include "texts.h"
 
 #include "platform/desktop/desktopclock.h"

@@ -7,7 +7,7 @@
 #include "keypages.h"
 #include "parts.h"
 #include "rows.h"
-#include "screens.h"
+#include "screen.h"
 #include "textentry.h"
 #include "texts.h"
 

@@ -2,7 +2,7 @@
 
 #include "device.h"
 #include "rows.h"
-#include "screens.h"
+#include "screen.h"
 #include "texts.h"
 
 #include "platform/soundmanager.h"

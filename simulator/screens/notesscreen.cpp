@@ -3,7 +3,7 @@
 #include "device.h"
 #include "keycells.h"
 #include "parts.h"
-#include "screens.h"
+#include "screen.h"
 #include "texts.h"
 
 #include "platform/soundmanager.h"

@@ -1,7 +1,7 @@
 // Entering a password: nothing of it is to be seen or heard.
 
 #include "device.h"
-#include "screens.h"
+#include "screen.h"
 #include "textentry.h"
 #include "texts.h"
 

@@ -3,7 +3,7 @@
 #include "device.h"
 #include "parts.h"
 #include "rows.h"
-#include "screens.h"
+#include "screen.h"
 #include "textentry.h"
 #include "texts.h"
 

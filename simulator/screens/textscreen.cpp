@@ -1,7 +1,7 @@
 // A message to write with the keypad.
 
 #include "device.h"
-#include "screens.h"
+#include "screen.h"
 #include "textentry.h"
 #include "texts.h"
 
