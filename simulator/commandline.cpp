@@ -49,7 +49,8 @@ QString takeScreen(Options &options, const QString &value)
 QString takeKeys(Options &options, const QString &value)
 {
     QString error;
-    options.keys = parseScript(value, &error);
+    options.keysKeepTime = value.startsWith(QLatin1Char('@'));
+    options.keys = options.keysKeepTime ? readScript(value.mid(1), &error) : parseScript(value, &error);
     return error;
 }
 
@@ -111,7 +112,10 @@ const Option optionTable[] = {
     {"--screen", "NAME", "Start with this screen instead of the first one.", takeScreen},
     {"--keys", "KEYS", "Work these keys at the start, for instance \"8 8 6 OK\": 0 to 9, *, #,\n"
                        "F1 to F4, OK, ESC; up, down, left and right in the key mode in force.\n"
-                       "8:long holds a key for 12 repeats, wait:250 waits for 250 milliseconds.", takeKeys},
+                       "8:long holds a key for 12 repeats, wait:250 waits for 250 milliseconds.\n"
+                       "@FILE works the keys in the file, such as --record writes.", takeKeys},
+    {"--record", "FILE", "Record the keys that are worked, and when, to this file.",
+     [](Options &options, const QString &value) { return takeName(options.record, value); }},
     {"--picture", "FILE", "Write a picture of the display to this PNG file, after the keys, and end.",
      takePictureName},
     {"--tour", "DIR", "Write pictures of all screens and their main states to this directory,\n"
@@ -143,6 +147,8 @@ const Clash clashes[] = {
     {"--list-screens", nullptr, "It prints the names of the screens and ends. Give it alone."},
     {"--tour", "--picture", "Give one of them."},
     {"--tour", "--screen", "The tour goes to all screens. For a picture of one, give --picture FILE."},
+    {"--record", "--picture", "Recording takes a person at the keys."},
+    {"--record", "--tour", "Recording takes a person at the keys."},
     {"--tour", "--keys", "The tour has keys of its own. For a picture after yours, give --picture FILE."},
 };
 

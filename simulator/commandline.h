@@ -14,6 +14,8 @@ struct Options
     bool listScreens = false;
     QString screen;  ///< a name in allScreens()
     Script keys;
+    bool keysKeepTime = false;  ///< whether the keys come from a file, which has its own pauses
+    QString record;  ///< a file to record the keys to; empty for none
     bool startsElsewhere = false;  ///< whether a screen or keys were given
     QString picture;  ///< a file to write the picture to; empty for none
     QString tour;     ///< a directory to write the pictures of all screens to; empty for none

@@ -77,31 +77,38 @@ void Device::press(int key)
     if (m_keysDown.contains(key))
         return;
     m_keysDown.insert(key);
-    emit keyMoved(key, true);
+    emit keyMoved(key, KeyMove::Press);
     m_message->hide();
     send(QEvent::KeyPress, key, false);
 }
 
 void Device::repeat(int key)
 {
-    if (m_keysDown.contains(key))
-        send(QEvent::KeyPress, key, true);
+    if (!m_keysDown.contains(key))
+        return;
+    emit keyMoved(key, KeyMove::Repeat);
+    send(QEvent::KeyPress, key, true);
 }
 
 void Device::release(int key)
 {
     if (!m_keysDown.remove(key))
         return;
-    emit keyMoved(key, false);
+    emit keyMoved(key, KeyMove::Release);
     send(QEvent::KeyRelease, key, false);
+}
+
+void Device::forget(int key)
+{
+    if (m_keysDown.remove(key))
+        emit keyMoved(key, KeyMove::Forget);
 }
 
 void Device::forgetKeys()
 {
     const QSet<int> keys = m_keysDown;
-    m_keysDown.clear();
     for (int key : keys)
-        emit keyMoved(key, false);
+        forget(key);
 }
 
 QImage Device::picture(int zoom)

@@ -63,15 +63,16 @@ public:
     void repeat(int key);
     void release(int key);
 
-    /// Forgets the keys that are down, without releases.
+    /// Forgets \a key, or all keys, that are down, without releases.
+    void forget(int key);
     void forgetKeys();
 
     /// The display as it is now, magnified \a zoom times.
     QImage picture(int zoom);
 
 Q_SIGNALS:
-    /// A key has gone down or come up.
-    void keyMoved(int key, bool down);
+    /// Comes before a screen gets to know of it.
+    void keyMoved(int key, KeyMove move);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

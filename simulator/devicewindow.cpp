@@ -61,10 +61,10 @@ DeviceWindow::DeviceWindow(const Screens &screens, KeyMode keyMode, int zoom)
     setFixedSize(m_keypad.right() + 1 + Margin, m_functionKeys.bottom() + 1 + Margin);
 
     connect(&m_releaseTimer, &QTimer::timeout, this, &DeviceWindow::releaseAtLast);
-    connect(&m_device, &Device::keyMoved, this, [this](int key, bool down) {
+    connect(&m_device, &Device::keyMoved, this, [this](int key, KeyMove move) {
         for (KeyButton *button : m_keys) {
             if (button->key() == key)
-                button->setDown(down);
+                button->setDown(move == KeyMove::Press || move == KeyMove::Repeat);
         }
     });
 }

@@ -58,6 +58,15 @@ int keyNamed(const QString &name)
     return Qt::Key_unknown;
 }
 
+QString keyName(int key)
+{
+    for (const NamedKey &named : namedKeys) {
+        if (key == named.key)
+            return QString::fromLatin1(named.name);
+    }
+    return QString();
+}
+
 QString keyNames()
 {
     return QStringLiteral("0 to 9, *, #, F1 to F4, OK, ESC, up, down, left, right");

@@ -1,6 +1,7 @@
 #include "commandline.h"
 #include "devicewindow.h"
 #include "look.h"
+#include "recorder.h"
 #include "screens.h"
 #include "script.h"
 #include "toolkitstart.h"
@@ -38,7 +39,7 @@ void listScreens()
 /// Without a display there can be pictures still. Returns false if they would not be what was asked for.
 bool takePicturesInstead(Options &options)
 {
-    if (options.startsElsewhere) {
+    if (options.startsElsewhere || !options.record.isEmpty()) {
         complain(QStringLiteral("there is no display here. Give --picture FILE for a picture of what --screen and --keys "
                                 "lead to."));
         return false;
@@ -66,6 +67,15 @@ int takePictures(DeviceWindow &window, const Options &options)
         return Failed;
     std::printf("The pictures are in %s\n", qPrintable(QDir(options.tour).absolutePath()));
     return Done;
+}
+
+/// Says how to start what is being recorded.
+QString titleOfRecord(const Options &options)
+{
+    return QStringLiteral("%1 --screen %2%3%4 --keys @%5")
+        .arg(commandName(), options.screen,
+             options.keyMode == KeyMode::Functions ? QStringLiteral(" --key-mode functions") : QString(),
+             options.rightToLeft ? QStringLiteral(" --right-to-left") : QString(), options.record);
 }
 
 /// \a status, unless what has been printed did not all arrive.
@@ -114,8 +124,18 @@ int main(int argc, char *argv[])
     addPlugins();
     applyLook();
 
+    const auto complainOfRecord = [&options](const QString &error) {
+        if (!error.isEmpty())
+            complain(QStringLiteral("cannot write \"%1\": %2. Name another place with --record FILE.")
+                         .arg(options.record, error));
+        return !error.isEmpty();
+    };
     DeviceWindow window(allScreens(), options.keyMode, options.zoom ? options.zoom : picturesOnly ? 1 : 2);
     window.showActive();
+
+    Recorder recorder(window.device());
+    if (!options.record.isEmpty() && complainOfRecord(recorder.start(options.record, titleOfRecord(options))))
+        return Failed;
 
     // From within the event loop, in which screens live on the device as well.
     QTimer::singleShot(0, &window, [&] {
@@ -123,8 +143,9 @@ int main(int argc, char *argv[])
             QCoreApplication::exit(takePictures(window, options));
         } else {
             window.device().start(options.screen);
-            play(options.keys, window.device(), PauseInWindow);
+            play(options.keys, window.device(), options.keysKeepTime ? 0 : PauseInWindow);
         }
     });
-    return afterPrinting(application.exec());
+    const int status = application.exec();
+    return afterPrinting(complainOfRecord(recorder.stop()) ? int(Failed) : status);
 }

@@ -100,6 +100,8 @@ private slots:
     void tourTakesTheWindowsPlace();
     void screenWithoutDisplayIsAnError_data();
     void screenWithoutDisplayIsAnError();
+    void recordWithoutDisplayIsAnError();
+    void keysComeFromAFile();
     void pictureNeedsNoDisplay_data();
     void pictureNeedsNoDisplay();
     void tourThatTakesTheWindowsPlaceMayFail();
@@ -151,6 +153,11 @@ void TestSimulator::wrongUseIsAnError_data()
     QTest::newRow("empty name") << QStringList{"--tour", ""} << QStringList{"--tour", "empty"};
     QTest::newRow("no such screen") << QStringList{"--screen", "none"} << QStringList{"none", "home, radio"};
     QTest::newRow("no such key") << QStringList{"--keys", "8 F5"} << QStringList{"F5", "F1 to F4"};
+    QTest::newRow("no file of keys") << QStringList{"--keys", "@none"} << QStringList{"--keys", "\"none\""};
+    QTest::newRow("record and picture") << QStringList{"--record", "a", "--picture", "a.png"}
+                                        << QStringList{"--record", "--picture"};
+    QTest::newRow("tour and record") << QStringList{"--tour", "a", "--record", "a"}
+                                     << QStringList{"--record", "--tour"};
     QTest::newRow("no such zoom") << QStringList{"--zoom", "5"} << QStringList{"5", "1 to 4"};
     QTest::newRow("no such time") << QStringList{"--time", "noon"} << QStringList{"noon", "2026-03-07 13:05:09"};
 }
@@ -401,6 +408,29 @@ void TestSimulator::screenWithoutDisplayIsAnError()
     for (const QString &part : {QString("%1=\"%2\"").arg(variable, value), QString("--picture FILE")})
         QVERIFY2(result.errors.contains(part), qPrintable(result.errors));
     QCOMPARE(runner.files(), QStringList());
+}
+
+void TestSimulator::recordWithoutDisplayIsAnError()
+{
+    const Runner runner;
+    const Result result = runner.simulate({"--record", "keys"});
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.errors.contains("there is no display here"), qPrintable(result.errors));
+    QCOMPARE(runner.files(), QStringList());
+}
+
+void TestSimulator::keysComeFromAFile()
+{
+    const Runner runner;
+    QFile file(runner.path("keys"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("// To the second row\nwait:1 8:press\n8:release\n");
+    file.close();
+    QCOMPARE(runner.simulate({"--screen", "settings", "--keys", "@keys", "--picture", "a.png"}).status, 0);
+    QCOMPARE(runner.simulate({"--screen", "settings", "--keys", "8", "--picture", "b.png"}).status, 0);
+    QCOMPARE(runner.simulate({"--screen", "settings", "--picture", "c.png"}).status, 0);
+    QCOMPARE(QImage(runner.path("a.png")), QImage(runner.path("b.png")));
+    QVERIFY(QImage(runner.path("a.png")) != QImage(runner.path("c.png")));
 }
 
 void TestSimulator::pictureNeedsNoDisplay_data()

@@ -143,7 +143,7 @@ public:
                 use(step);
         }
         while (screensOpen() > 1 && m_keys < until)
-            use({Qt::Key_Escape, 0, 0});
+            use({Qt::Key_Escape, {}, 0, 0});
     }
 
     /// What there is while the first screen is shown and nothing happens.
