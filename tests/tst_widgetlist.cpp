@@ -144,6 +144,9 @@ private slots:
     void setInitialFocusGoesToRowZero();
     void setInitialFocusOnAnEmptyListOnlyRecords_data();
     void setInitialFocusOnAnEmptyListOnlyRecords();
+    void setInitialFocusOnAnEmptyListTakesNoFocus_data();
+    void setInitialFocusOnAnEmptyListTakesNoFocus();
+    void rowThatIsAddedAgainInItsPlaceKeepsTheFocus();
     void setLastFocusGoesBackToTheRecordedRow();
     void setLastFocusWithoutARowIsRejected();
     void focusedRowLooksFocused();
@@ -988,6 +991,29 @@ void TestWidgetList::setInitialFocusOnAnEmptyListOnlyRecords_data()
     QTest::newRow("rows without items") << 3;
 }
 
+void TestWidgetList::setInitialFocusOnAnEmptyListTakesNoFocus_data()
+{
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<int>("items");
+    QTest::newRow("no rows") << 0 << 0;
+    QTest::newRow("rows without items") << 3 << 0;
+    QTest::newRow("no rows any more") << 0 << 2;
+}
+
+void TestWidgetList::setInitialFocusOnAnEmptyListTakesNoFocus()
+{
+    QFETCH(int, rows);
+    QFETCH(int, items);
+    Menu menu(items);
+    menu.show();
+    menu.list->setRowCount(rows);
+    QWidget *other = new QWidget(&menu.screen);
+    other->show();
+    other->setFocus();
+    QVERIFY(QMetaObject::invokeMethod(menu.list, "setInitialFocus"));
+    QVERIFY(other->hasFocus());
+}
+
 void TestWidgetList::setInitialFocusOnAnEmptyListOnlyRecords()
 {
     QFETCH(int, rows);
@@ -997,6 +1023,20 @@ void TestWidgetList::setInitialFocusOnAnEmptyListOnlyRecords()
     RecordingPlatform::reset();
     list.hide();
     QCOMPARE(RecordingPlatform::events(), QStringList("log:16:[hideEvent, 429] m_selectedRow = 0"));
+}
+
+void TestWidgetList::rowThatIsAddedAgainInItsPlaceKeepsTheFocus()
+{
+    Menu menu(3);
+    menu.show();
+    WidgetListItem *item = menu.item(0);
+    QVERIFY(item->hasFocus());
+    EventRecorder recorder(item);
+    menu.list->setRowCount(3);
+    menu.list->addListItem(item);
+    QVERIFY(item->hasFocus());
+    QCOMPARE(recorder.count(QEvent::FocusOut), 0);
+    QCOMPARE(menu.item(0), item);
 }
 
 void TestWidgetList::setLastFocusGoesBackToTheRecordedRow()
@@ -2088,6 +2128,7 @@ void TestWidgetList::turnsPages_data()
     QTest::newRow("turning round in the middle") << 20 << 3 << "88228" << QList<int>({5, 8, 3, 0, 5});
     QTest::newRow("turning round twice") << 30 << 4 << "8882828" << QList<int>({7, 11, 15, 8, 15, 8, 15});
     QTest::newRow("pages of one row") << 4 << 1 << "8888222" << QList<int>({1, 2, 3, 3, 2, 1, 0});
+    QTest::newRow("pages of less than no row") << 4 << -2 << "88822" << QList<int>({1, 2, 3, 2, 1});
     QTest::newRow("a page longer than the list") << 4 << 10 << "8282" << QList<int>({3, 0, 3, 0});
     QTest::newRow("exactly to the last") << 6 << 3 << "882" << QList<int>({5, 5, 0});
     QTest::newRow("one row") << 1 << 3 << "8228" << QList<int>({0, 0, 0, 0});
@@ -2772,9 +2813,14 @@ void TestWidgetList::aSlotMayDeleteTheList()
     Menu menu(0);
     prepare(menu);
     const Deletion &deletion = deletions().at(number);
-    deletion.connectTo(menu, this, [&menu] { delete menu.list.data(); });
+    int soundsBefore = 0;
+    deletion.connectTo(menu, this, [&menu, &soundsBefore] {
+        soundsBefore = int(RecordingPlatform::sounds().size());
+        delete menu.list.data();
+    });
     deletion.cause(menu, toTheRow ? QApplication::focusWidget() : menu.list.data());
     QVERIFY(!menu.list);
+    QCOMPARE(int(RecordingPlatform::sounds().size()), soundsBefore);
     runEventLoop();
     disconnect(this);
 }

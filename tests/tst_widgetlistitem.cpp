@@ -910,6 +910,7 @@ void TestWidgetListItem::textIsCutOnlyWhenItsRoundedWidthIsGreater_data()
     QTest::newRow("right to left") << QString::fromUtf8("הגדרות מערכת");
     QTest::newRow("combining marks") << QString::fromUtf8("A\u0308o\u0308u\u0308 e\u0301");
     QTest::newRow("blanks at the end") << "Volume    ";
+    QTest::newRow("tabs") << "\t\t\t";
 }
 
 void TestWidgetListItem::textIsCutOnlyWhenItsRoundedWidthIsGreater()
@@ -1736,6 +1737,7 @@ const KeyCase s_keyCases[] = {
     {"reversed range is no range: left", "ttttt", "", 3, 1, 0, Left, 4, "cs", false},
     {"range without a from is no range", "ttttt", "", -1, 2, 2, Right, 3, "cs", false},
     {"range without a to is no range", "ttttt", "", 2, -1, 2, Left, 1, "cs", false},
+    {"range up to -1 is no range", "ttttt", "", -3, -1, 2, Right, 3, "cs", false},
     {"range beyond the list: right", "tt", "", 3, 5, 3, Right, 4, "cs", false},
     {"range beyond the list: left", "tt", "", 3, 5, 3, Left, 5, "cs", false},
     {"range moves a single text: right", "t", "", 0, 1, 0, Right, 1, "cs", false},

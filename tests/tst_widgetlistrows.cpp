@@ -108,6 +108,7 @@ private slots:
     void deletedRowIsForgottenAtOnce();
     void rowDeletedBesideItsNewPlace_data();
     void rowDeletedBesideItsNewPlace();
+    void rowDeletedInAHiddenListGivesTheFocusToNobody();
     void deletedChildOfAnotherParentIsForgotten();
     void rowMovedToAnotherListIsForgottenByTheFirst();
     void rowThatTheTableHasMovedIsForgottenByTheFirst();
@@ -568,6 +569,19 @@ void TestWidgetListRows::rowDeletedBesideItsNewPlace()
     menu.list->setRowCount(0);
     runEventLoop();
     QVERIFY(!last);
+}
+
+void TestWidgetListRows::rowDeletedInAHiddenListGivesTheFocusToNobody()
+{
+    Menu menu(1);
+    QWidget *other = new QWidget(&menu.screen);
+    other->setFocusPolicy(Qt::StrongFocus);
+    menu.show();
+    menu.list->hide();
+    menu.item(0)->setFocus();
+    QVERIFY(menu.item(0)->hasFocus());
+    delete menu.item(0);
+    QCOMPARE(QApplication::focusWidget(), nullptr);
 }
 
 void TestWidgetListRows::deletedChildOfAnotherParentIsForgotten()

@@ -238,6 +238,7 @@ private slots:
     // Title bar
     void iconTakesALabelOnlyWhereItMust_data();
     void iconTakesALabelOnlyWhereItMust();
+    void iconsTakeOneLabelForAll();
     void changeOfTheTitleBarPaintsItAlone_data();
     void changeOfTheTitleBarPaintsItAlone();
 };
@@ -1552,6 +1553,15 @@ void TestWidgetListView::iconTakesALabelOnlyWhereItMust()
         QCOMPARE(label->geometry(), QRect(0, 0, 38, 38));
         QCOMPARE(label->styleSheet(), "padding: 3px;" + sheet);
     }
+}
+
+void TestWidgetListView::iconsTakeOneLabelForAll()
+{
+    ViewMenu menu(nullptr);
+    menu.list->setTitleIcon(QStringLiteral("background-color: red;"));
+    menu.list->setTitleIcon(QStringLiteral("image: url(:/none.png);"));
+    menu.list->setTitleIcon(QStringLiteral("border: none;"));
+    QCOMPARE(menu.list->findChildren<QLabel *>().size(), 1);
 }
 
 void TestWidgetListView::changeOfTheTitleBarPaintsItAlone_data()

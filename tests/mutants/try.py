@@ -170,7 +170,9 @@ class Builder:
         del words[words.index('-o'):words.index('-o') + 2]
         del words[words.index('-c'):]
         words = [word for word in words if not word.startswith('-Werror') and not word.startswith('-O') and word != '-g']
-        words += ['-O2', '-w', '-Werror=return-type']
+        # Not -w, which would also keep silent of that.
+        words = [word for word in words if word not in ('-Wall', '-Wextra', '-Wpedantic')]
+        words += ['-O2', '-Werror=return-type']
         self.units[os.path.basename(entry['file'])] = (words, output)
 
     def sources(self):
