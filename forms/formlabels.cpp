@@ -24,7 +24,7 @@ void FormMarqueeLable::setInterval(int interval)
 
 QSize FormMarqueeLable::sizeHint() const
 {
-    return WidgetMarqueeLable::sizeHint().expandedTo(QSize(120, 20));
+    return WidgetMarqueeLable::sizeHint().expandedTo(QSize(160, 20));
 }
 
 void FormMarqueeLable::timerEvent(QTimerEvent *event)

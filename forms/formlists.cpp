@@ -4,7 +4,10 @@
 
 #include "platform/soundmanager.h"
 
+#include <QCoreApplication>
+#include <QFocusEvent>
 #include <QStringListModel>
+#include <QTableView>
 
 namespace {
 
@@ -63,7 +66,9 @@ void FormList::setRows(const QStringList &rows)
         m_items += newItem(rows.at(row));
         addListItem(m_items.last());
     }
-    if (isVisible() && !rows.isEmpty() && !FormLook::designing)
+    if (isVisible() && FormLook::designing)
+        showFirstRowSelected();
+    else if (isVisible() && !rows.isEmpty())
         setFocusAtItem(0);
 }
 
@@ -74,11 +79,21 @@ WidgetListItem *FormList::item(int row) const
 
 void FormList::showEvent(QShowEvent *event)
 {
-    // A row would take the focus from whatever the designer is working with.
     if (FormLook::designing)
-        refreshItems();
+        showFirstRowSelected();
     else
         WidgetList::showEvent(event);
+}
+
+/// As if it had the focus, but without taking it from whatever the designer is working with.
+void FormList::showFirstRowSelected()
+{
+    refreshItems();
+    if (WidgetListItem *first = item(0)) {
+        findChild<QTableView *>()->selectRow(0);
+        QFocusEvent focus(QEvent::FocusIn);
+        QCoreApplication::sendEvent(first, &focus);
+    }
 }
 
 WidgetListItem *FormList::newItem(const QString &row)

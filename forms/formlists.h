@@ -62,6 +62,7 @@ private:
     QList<QPointer<WidgetListItem> > m_items;
 
     WidgetListItem *newItem(const QString &row);
+    void showFirstRowSelected();
 };
 
 /// A WidgetListItem for forms: a row that stands by itself.

@@ -22,4 +22,6 @@ QString FormLook::added(const QString &sheet, int changes)
 void FormLook::paintBackground(QWidget *widget)
 {
     widget->setAttribute(Qt::WA_StyledBackground);
+    // Or the toolkit may stay with the sheet of the constructor, whatever comes before the widget is shown.
+    widget->ensurePolished();
 }

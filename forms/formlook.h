@@ -22,7 +22,7 @@ QString entry(const QStringList &list, int index);
 /// ones they have, unless it is among them already.
 QString added(const QString &sheet, int changes);
 
-/// Has the background of the sheet of \a widget painted.
+/// Has the background of the sheet of \a widget painted, also of one that replaces the sheet of its constructor.
 void paintBackground(QWidget *widget);
 
 }
