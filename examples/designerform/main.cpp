@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QShortcut>
 #include <QUiLoader>
 #include <QWidget>
 
@@ -21,6 +22,10 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     }
     QUiLoader loader;
+    if (!loader.availableWidgets().contains("FormListItem")) {
+        std::fprintf(stderr, "The widgets' plug-in is not in %s/designer\n", PLUGINS);
+        return EXIT_FAILURE;
+    }
     QWidget *screen = loader.load(&form);
     if (!screen) {
         std::fprintf(stderr, "%s\n", qPrintable(loader.errorString()));
@@ -33,6 +38,7 @@ int main(int argc, char **argv)
                          [alarm] { std::printf("Alarm: %s\n", qPrintable(alarm->getDisplayValue())); });
     }
 
+    QObject::connect(new QShortcut(Qt::Key_Escape, screen), &QShortcut::activated, screen, &QWidget::close);
     screen->show();
     const int status = application.exec();
     delete screen;
