@@ -70,7 +70,5 @@ endfunction()
 
 # Installs the plug-in \a target of \a kind, unless only other targets were built.
 function(widget_install_plugin target kind)
-    file(RELATIVE_PATH libraries /${WIDGET_PLUGIN_DIR}/${kind} /${CMAKE_INSTALL_LIBDIR})
-    set_target_properties(${target} PROPERTIES INSTALL_RPATH "\$ORIGIN/${libraries}")
     install(TARGETS ${target} LIBRARY DESTINATION ${WIDGET_PLUGIN_DIR}/${kind} OPTIONAL)
 endfunction()
