@@ -2,6 +2,7 @@
 #   libwidget::widget                   the library
 #   libwidget::widget-desktop-platform  the platform for a PC, as component desktop-platform
 #   libwidget_add_default_pictures()    the pictures that the widgets need
+#   libwidget_add_forms()               the widgets with what forms of Qt Designer need
 #   libwidget_PLUGIN_DIR                where the plug-ins of the toolkit are
 
 include(GNUInstallDirs)
@@ -10,6 +11,7 @@ include(CMakePackageConfigHelpers)
 set(widget_header_dir ${CMAKE_INSTALL_INCLUDEDIR}/libwidget)
 set(widget_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/libwidget)
 set(widget_picture_dir ${CMAKE_INSTALL_DATADIR}/libwidget/pictures)
+set(widget_form_dir ${CMAKE_INSTALL_DATADIR}/libwidget/forms)
 
 # With the toolkit's own prefix, the toolkit finds them.
 widget_qt_plugin_dir(qt_plugin_dir)
@@ -27,7 +29,7 @@ function(widget_install)
     configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-config.cmake.in
         ${PROJECT_BINARY_DIR}/libwidget-config.cmake
         INSTALL_DESTINATION ${widget_package_dir}
-        PATH_VARS widget_picture_dir WIDGET_PLUGIN_DIR)
+        PATH_VARS widget_picture_dir widget_form_dir WIDGET_PLUGIN_DIR)
     write_basic_package_version_file(${PROJECT_BINARY_DIR}/libwidget-config-version.cmake
         COMPATIBILITY SameMajorVersion)
     install(FILES ${PROJECT_BINARY_DIR}/libwidget-config.cmake ${PROJECT_BINARY_DIR}/libwidget-config-version.cmake
@@ -59,6 +61,11 @@ function(widget_install_pictures qrc)
         list(APPEND pictures ${picture})
     endforeach()
     install(FILES ${qrc} ${pictures} DESTINATION ${widget_picture_dir})
+endfunction()
+
+# Installs the sources of the classes of forms, which follow, for applications to compile.
+function(widget_install_forms)
+    install(FILES ${ARGN} DESTINATION ${widget_form_dir})
 endfunction()
 
 # Installs the plug-in \a target of \a kind, unless only other targets were built.
