@@ -18,7 +18,7 @@ action=$2
 shift 2
 release=bookworm
 system=$work/system
-export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8
+export PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8
 
 # Prints "<address> <release>" for each place where this machine has packages of the release from.
 places()
@@ -27,16 +27,20 @@ places()
         | awk -v release="$release" '$3 == "main" && $2 ~ "^" release "(-updates|-security)?$" { print $1, $2 }' | sort -u
 }
 
-# Runs a command in the system. It ends with its parent.
+# Runs a command in namespaces of its own, where it ends with this script, in whichever way that does.
+apart() { setpriv --pdeathsig KILL unshare --mount --pid --fork --kill-child "$@"; }
+
+# Runs a command in the system.
 run()
 {
-    unshare --mount --pid --fork --kill-child sh -eu -c '
+    apart sh -eu -c '
         mount -t proc proc "$0/proc"
         mount -t tmpfs tmpfs "$0/dev/shm"
         mount --bind "$1" "$0/var/cache/apt/archives"
         root=$0
         shift
-        exec chroot "$root" "$@"' "$system" "$work/archives" "$@" < /dev/null
+        exec env -i HOME=/root PATH="$PATH" LC_ALL="$LC_ALL" DEBIAN_FRONTEND="$DEBIAN_FRONTEND" chroot "$root" "$@"
+        ' "$system" "$work/archives" "$@" < /dev/null
 }
 
 apt_get() { run apt-get -q -y --no-install-recommends -o Dpkg::Options::=--force-unsafe-io "$@"; }
@@ -68,8 +72,7 @@ make_system()
             return 1
         fi
         rm -rf "$system"
-        unshare --mount --pid --fork --kill-child --mount-proc \
-            debootstrap --variant=minbase "$release" "$system" "$mirror"
+        apart --mount-proc debootstrap --variant=minbase "$release" "$system" "$mirror"
         places | sed 's/^/deb /; s/$/ main/' > "$system/etc/apt/sources.list"
         apt-config dump | grep -i '^Acquire::.*proxy' > "$system/etc/apt/apt.conf.d/proxy" || true
         cp -L /etc/resolv.conf "$system/etc/resolv.conf"
