@@ -1,52 +1,112 @@
-# Installs what applications use, for find_package(libwidget):
+# Installs what applications use. For find_package(libwidget):
 #   libwidget::widget                   the library
 #   libwidget::widget-desktop-platform  the platform for a PC, as component desktop-platform
 #   libwidget_add_default_pictures()    the pictures that the widgets need
 #   libwidget_add_forms()               the widgets with what forms of Qt Designer need
 #   libwidget_PLUGIN_DIR                where the plug-ins of the toolkit are
+# For pkg-config libwidget and libwidget-desktop-platform, with variables of the same meaning: pictures, plugindir.
+# For qmake CONFIG += libwidget, libwidget_desktop_platform, libwidget_default_pictures, libwidget_forms.
+#
+# Whatever is installed belongs to one of the components runtime, plugins, development, simulator and documentation,
+# each of which is a package (WidgetPackages.cmake).
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-set(widget_header_dir ${CMAKE_INSTALL_INCLUDEDIR}/libwidget)
-set(widget_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/libwidget)
-set(widget_picture_dir ${CMAKE_INSTALL_DATADIR}/libwidget/pictures)
-set(widget_form_dir ${CMAKE_INSTALL_DATADIR}/libwidget/forms)
+set(widget_name libwidget${WIDGET_NAME_SUFFIX})
+set(widget_header_dir ${CMAKE_INSTALL_INCLUDEDIR}/${widget_name})
+set(widget_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/${widget_name})
+set(widget_pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+set(widget_qmake_dir ${CMAKE_INSTALL_LIBDIR}/${widget_name})
+set(widget_picture_dir ${CMAKE_INSTALL_DATADIR}/${widget_name}/pictures)
+set(widget_form_dir ${CMAKE_INSTALL_DATADIR}/${widget_name}/forms)
+if(NOT widget_documentation_dir)
+    set(widget_documentation_dir ${CMAKE_INSTALL_DATADIR}/doc/libwidget)
+endif()
 
 # With the toolkit's own prefix, the toolkit finds them.
-widget_qt_plugin_dir(qt_plugin_dir)
+widget_qt_directories(qt_plugin_dir qt_feature_dir)
 set(WIDGET_PLUGIN_DIR ${qt_plugin_dir} CACHE STRING "Where the toolkit's plug-ins are installed, relative to the prefix")
+set(WIDGET_FEATURE_DIR ${qt_feature_dir} CACHE STRING "Where qmake's features are installed, relative to the prefix")
 
 function(widget_install)
     install(TARGETS widget widget-qt EXPORT libwidget-targets
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
         INCLUDES DESTINATION ${widget_header_dir})
-    install(FILES ${ARGN} DESTINATION ${widget_header_dir})
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform DESTINATION ${widget_header_dir}
+    install(FILES ${ARGN} DESTINATION ${widget_header_dir} COMPONENT development)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform DESTINATION ${widget_header_dir} COMPONENT development
         FILES_MATCHING PATTERN "*.h" PATTERN desktop EXCLUDE)
 
-    install(EXPORT libwidget-targets NAMESPACE libwidget:: DESTINATION ${widget_package_dir})
+    install(EXPORT libwidget-targets NAMESPACE libwidget:: DESTINATION ${widget_package_dir} COMPONENT development)
     configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-config.cmake.in
-        ${PROJECT_BINARY_DIR}/libwidget-config.cmake
+        ${PROJECT_BINARY_DIR}/${widget_name}-config.cmake
         INSTALL_DESTINATION ${widget_package_dir}
         PATH_VARS widget_picture_dir widget_form_dir WIDGET_PLUGIN_DIR)
-    write_basic_package_version_file(${PROJECT_BINARY_DIR}/libwidget-config-version.cmake
+    write_basic_package_version_file(${PROJECT_BINARY_DIR}/${widget_name}-config-version.cmake
         COMPATIBILITY SameMajorVersion)
-    install(FILES ${PROJECT_BINARY_DIR}/libwidget-config.cmake ${PROJECT_BINARY_DIR}/libwidget-config-version.cmake
-        DESTINATION ${widget_package_dir})
+    install(FILES ${PROJECT_BINARY_DIR}/${widget_name}-config.cmake
+        ${PROJECT_BINARY_DIR}/${widget_name}-config-version.cmake
+        DESTINATION ${widget_package_dir} COMPONENT development)
+
+    widget_install_for_pkgconfig(libwidget)
+    widget_install_for_qmake()
 endfunction()
 
 function(widget_install_desktop_platform)
     install(TARGETS widget-desktop-platform EXPORT libwidget-desktop-platform-targets
-        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
         INCLUDES DESTINATION ${widget_header_dir})
-    install(FILES ${ARGN} DESTINATION ${widget_header_dir}/platform/desktop)
+    install(FILES ${ARGN} DESTINATION ${widget_header_dir}/platform/desktop COMPONENT development)
 
-    install(EXPORT libwidget-desktop-platform-targets NAMESPACE libwidget:: DESTINATION ${widget_package_dir})
+    install(EXPORT libwidget-desktop-platform-targets NAMESPACE libwidget:: DESTINATION ${widget_package_dir}
+        COMPONENT development)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-desktop-platform.cmake.in
         ${PROJECT_BINARY_DIR}/libwidget-desktop-platform.cmake @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/libwidget-desktop-platform.cmake ${PROJECT_SOURCE_DIR}/cmake/WidgetSdl.cmake
-        DESTINATION ${widget_package_dir})
+        DESTINATION ${widget_package_dir} COMPONENT development)
+
+    set(sdl_module)
+    set(sdl_library)
+    if(WIDGET_SDL_TARGET)
+        set(sdl_module sdl2)
+        set(sdl_library -lSDL2)
+    endif()
+    widget_install_for_pkgconfig(libwidget-desktop-platform)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-desktop-platform.pri.in
+        ${PROJECT_BINARY_DIR}/libwidget-desktop-platform.pri @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/libwidget-desktop-platform.pri
+        DESTINATION ${widget_qmake_dir} COMPONENT development)
+endfunction()
+
+# Installs \a module for pkg-config. It finds the prefix by its own place, unless that is the system's, which every
+# compiler knows.
+function(widget_install_for_pkgconfig module)
+    set(qt_module_4 QtGui)
+    set(qt_module_5 Qt5Widgets)
+    set(qt_module_6 Qt6Widgets)
+    set(qt_module ${qt_module_${WIDGET_QT}})
+    set(prefix /usr)
+    if(NOT WIDGET_PACKAGES)
+        file(RELATIVE_PATH up /${widget_pkgconfig_dir} /)
+        string(REGEX REPLACE "/$" "" prefix "\${pcfiledir}/${up}")
+    endif()
+    set(file ${PROJECT_BINARY_DIR}/${module}${WIDGET_NAME_SUFFIX}.pc)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/${module}.pc.in ${file} @ONLY)
+    install(FILES ${file} DESTINATION ${widget_pkgconfig_dir} COMPONENT development)
+endfunction()
+
+# Installs libwidget.pri, and the feature of qmake's that includes it: with another prefix than the toolkit's, projects
+# do that themselves.
+function(widget_install_for_qmake)
+    foreach(place header picture form)
+        file(RELATIVE_PATH ${place}s /${widget_qmake_dir} /${widget_${place}_dir})
+    endforeach()
+    file(RELATIVE_PATH libraries /${widget_qmake_dir} /${CMAKE_INSTALL_LIBDIR})
+    file(RELATIVE_PATH pri /${WIDGET_FEATURE_DIR} /${widget_qmake_dir}/libwidget.pri)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/libwidget.pri.in ${PROJECT_BINARY_DIR}/libwidget.pri @ONLY)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/libwidget.prf.in ${PROJECT_BINARY_DIR}/libwidget.prf @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/libwidget.pri DESTINATION ${widget_qmake_dir} COMPONENT development)
+    install(FILES ${PROJECT_BINARY_DIR}/libwidget.prf DESTINATION ${WIDGET_FEATURE_DIR} COMPONENT development)
 endfunction()
 
 # Installs the resource file \a qrc with the pictures that it lists, which stand beside it.
@@ -60,15 +120,50 @@ function(widget_install_pictures qrc)
         string(REGEX REPLACE "^ *<file>(.*)</file>$" "${directory}/\\1" picture "${line}")
         list(APPEND pictures ${picture})
     endforeach()
-    install(FILES ${qrc} ${pictures} DESTINATION ${widget_picture_dir})
+    install(FILES ${qrc} ${pictures} DESTINATION ${widget_picture_dir} COMPONENT development)
 endfunction()
 
 # Installs the sources of the classes of forms, which follow, for applications to compile.
 function(widget_install_forms)
-    install(FILES ${ARGN} DESTINATION ${widget_form_dir})
+    install(FILES ${ARGN} DESTINATION ${widget_form_dir} COMPONENT development)
 endfunction()
 
 # Installs the plug-in \a target of \a kind, unless only other targets were built.
 function(widget_install_plugin target kind)
-    install(TARGETS ${target} LIBRARY DESTINATION ${WIDGET_PLUGIN_DIR}/${kind} OPTIONAL)
+    set(component plugins)
+    if(kind STREQUAL "designer")
+        set(component development)
+    endif()
+    install(TARGETS ${target} LIBRARY DESTINATION ${WIDGET_PLUGIN_DIR}/${kind} COMPONENT ${component} OPTIONAL)
+endfunction()
+
+# Installs the simulator with a page for man, unless only other targets were built. Among the programs of a system it
+# has a name that tells whose simulator it is.
+function(widget_install_simulator)
+    set(name ${widget_name}-simulator)
+    file(RELATIVE_PATH libraries /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
+    set_target_properties(simulator PROPERTIES INSTALL_RPATH "\$ORIGIN/${libraries}")
+    install(TARGETS simulator RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT simulator OPTIONAL)
+    install(CODE "
+        set(programs \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
+        if(EXISTS \"\${programs}/simulator\")
+            file(RENAME \"\${programs}/simulator\" \"\${programs}/${name}\")
+            list(TRANSFORM CMAKE_INSTALL_MANIFEST_FILES REPLACE \"/simulator\\$\" \"/${name}\")
+        endif()"
+        COMPONENT simulator)
+
+    set(page ${PROJECT_BINARY_DIR}/${name}.1.gz)
+    set(script ${PROJECT_SOURCE_DIR}/cmake/manpage.sh)
+    add_custom_command(OUTPUT ${page}
+        COMMAND ${script} $<TARGET_FILE:simulator> ${name} ${PROJECT_VERSION} ${page}
+        DEPENDS simulator ${script}
+        COMMENT "Writing the page of ${name} for man")
+    add_custom_target(widget-simulator-page ALL DEPENDS ${page})
+    install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT simulator OPTIONAL)
+endfunction()
+
+# Installs what there is to read. Pages that are made in the build are one more install() of the component.
+function(widget_install_documentation)
+    install(FILES README.md DESTINATION ${widget_documentation_dir} COMPONENT documentation)
+    install(DIRECTORY docs examples DESTINATION ${widget_documentation_dir} COMPONENT documentation)
 endfunction()

@@ -29,17 +29,22 @@ function(widget_language_standard target)
         CXX_EXTENSIONS OFF)
 endfunction()
 
-# Puts the directory where the toolkit looks for its plug-ins, relative to where the toolkit is installed, into \a result.
-function(widget_qt_plugin_dir result)
+# Puts the directories where the toolkit looks for its plug-ins and where its qmake looks for features, relative to where
+# the toolkit is installed, into \a plugins and \a features.
+function(widget_qt_directories plugins features)
     if(WIDGET_QT EQUAL 4)
         set(qmake ${QT_QMAKE_EXECUTABLE})
+        set(mkspecs QT_INSTALL_DATA)
     else()
         get_target_property(qmake Qt${WIDGET_QT}::qmake IMPORTED_LOCATION)
+        set(mkspecs QT_HOST_DATA)
     endif()
-    foreach(place PREFIX PLUGINS)
-        execute_process(COMMAND ${qmake} -query QT_INSTALL_${place}
+    foreach(place QT_INSTALL_PREFIX QT_INSTALL_PLUGINS ${mkspecs})
+        execute_process(COMMAND ${qmake} -query ${place}
             OUTPUT_VARIABLE ${place} OUTPUT_STRIP_TRAILING_WHITESPACE)
     endforeach()
-    file(RELATIVE_PATH directory "${PREFIX}" "${PLUGINS}")
-    set(${result} "${directory}" PARENT_SCOPE)
+    file(RELATIVE_PATH directory "${QT_INSTALL_PREFIX}" "${QT_INSTALL_PLUGINS}")
+    set(${plugins} "${directory}" PARENT_SCOPE)
+    file(RELATIVE_PATH directory "${QT_INSTALL_PREFIX}" "${${mkspecs}}/mkspecs/features")
+    set(${features} "${directory}" PARENT_SCOPE)
 endfunction()
