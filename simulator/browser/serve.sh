@@ -27,7 +27,7 @@ take_browser_option()
             ;;
         --browser=*) take_port "${1#*=}" || return ;;
         --picture | --picture=* | --tour | --tour=* | --list-screens)
-            browser_complain "it does not go together with ${1%%=*}, which opens no window. Give one of them."
+            echo "$0: --browser and ${1%%=*} do not go together. Nothing opens a window for a browser then." >&2
             return 1
             ;;
         *) browser_arguments+=("$1") ;;
@@ -75,11 +75,18 @@ serve_in_browser()
     # A window takes 2 and a picture 1 if no zoom is given.
     set -- --zoom 2 "$@"
     servants=()
+    display=
     place=$(mktemp -d) || return
     trap clean_up EXIT
     trap 'exit 129' HUP
     trap 'exit 130' INT
     trap 'exit 143' TERM
+
+    # The toolkit wants one, and would leave it behind.
+    if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
+        export XDG_RUNTIME_DIR=$place/runtime
+        mkdir -m 700 "$XDG_RUNTIME_DIR"
+    fi
 
     # The picture tells how large the window will be. Arguments that are wrong end here.
     (exec -a "$0" "$simulator" "$@" --keys wait:0 --with-keys --picture "$place/window.png") || return
@@ -176,12 +183,12 @@ end_group()
     done
 }
 
-# An X server that was killed leaves two files.
+# An X server that was killed leaves its socket, unless the next one has it already.
 forget_display()
 {
-    local lock=/tmp/.X${display#:}-lock
-    if [ -n "$display" ] && [ "$(tr -d ' ' 2> /dev/null < "$lock")" = "$display_server" ]; then
-        rm -f "$lock" "/tmp/.X11-unix/X${display#:}"
+    local socket=/tmp/.X11-unix/X${display#:}
+    if [ -n "$display" ] && ! grep -q " $socket\$" /proc/net/unix; then
+        rm -f "$socket"
     fi
 }
 
