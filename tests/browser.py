@@ -86,7 +86,9 @@ class Simulation:
         environment.update([self.mark.split("=")], TMPDIR=str(self.directory), LC_ALL="C.UTF-8")
         self.process = subprocess.Popen([*user, root / "simulate", "--browser", str(self.port), *arguments],
                                         stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                                        text=True, env=environment, start_new_session=True)
+                                        text=True, env=environment, start_new_session=True,
+                                        # Where SIGPIPE is ignored, programs complain.
+                                        restore_signals=False)
         self.reader = threading.Thread(target=lambda: self.said.extend(iter(self.process.stdout.readline, "")))
         self.reader.start()
 
@@ -525,7 +527,19 @@ def test_it_ends_with_the_simulator():
         files = simulation.files_of_display()
         os.kill(simulation.pid_of("simulator"), signal.SIGTERM)
         expect(simulation.status() == 143, f"the status is {simulation.status()}")
+        expect(simulation.said[3:] == [f"{root}/simulate: --browser: signal 15 has ended the simulator.\n"],
+               f"it says {simulation.output()}")
         simulation.expect_nothing_left(files)
+
+
+def test_it_ends_with_a_simulator_that_ends_at_once():
+    with Simulation("--with-keys") as simulation:
+        window = lambda: [pid for pid, line in simulation.processes().items() if line.endswith("--with-keys ")
+                          and "bin/simulator " in line]
+        wait_for(window, lambda: f"a simulator: {simulation.output()}")
+        os.kill(window()[0], signal.SIGKILL)
+        expect(simulation.status() == 137, f"the status is {simulation.status()}")
+        simulation.expect_nothing_left()
 
 
 def test_it_ends_with_the_x_server():

@@ -70,7 +70,7 @@ another_port() { echo $((browser_port < 1024 || browser_port > 65000 ? 6080 : br
 # something else has. Ends the script on a signal. Either way nothing is left.
 serve_in_browser()
 {
-    local simulator=$1
+    local simulator=$1 status
     shift
     # A window takes 2 and a picture 1 if no zoom is given.
     set -- --zoom 2 "$@"
@@ -100,16 +100,23 @@ serve_in_browser()
     echo "To see it on another computer, run there first:" \
         "ssh -L $browser_port:127.0.0.1:$browser_port ${USER:-$(id -un)}@$(uname -n)"
     echo "Ctrl-C ends it."
-    wait -n
+    # One that was killed is told of below, in better words than the shell's.
+    while all_are_running; do
+        wait -n 2> /dev/null
+    done
     is_running "$display_server" || ended_too_soon "the X server" display
     is_running "$page_server" || ended_too_soon "the page's server" page
-    wait "$shown"
+    wait "$shown" 2> /dev/null
+    status=$?
+    [ $status -le 128 ] || browser_complain "signal $((status - 128)) has ended the simulator."
+    return $status
 }
 
 # start_display <size>: leaves its name in "display", and in "password" what the page needs to see it.
 start_display()
 {
-    password=$(LC_ALL=C tr -dc a-zA-Z0-9 < /dev/urandom | head -c 8)
+    password=$(head -c 512 /dev/urandom | LC_ALL=C tr -dc a-zA-Z0-9)
+    password=${password:0:8}
     tigervncpasswd -f <<< "$password" > "$place/password" || return
     # Also among those who work on this PC, only the simulator may open windows and listen to keys there: a cookie for
     # any display.
@@ -150,11 +157,12 @@ start()
 }
 
 is_running() { kill -0 "$1" 2> /dev/null; }
+all_are_running() { is_running "$display_server" && is_running "$page_server" && is_running "$shown"; }
 
 ended_too_soon()
 {
     browser_complain "$1 has ended."
-    cat "$place/$2.log" >&2
+    grep . "$place/$2.log" | tail -n 5 | sed 's/^ */    /' >&2
     exit 1
 }
 
