@@ -124,7 +124,7 @@ start_display()
 
     start Xtigervnc -displayfd 3 -geometry "$1" -depth 24 -auth "$place/authority" -nolisten tcp \
         -rfbport -1 -rfbunixpath "$place/vnc" -rfbunixmode 0600 -SecurityTypes VncAuth -PasswordFile "$place/password" \
-        -AlwaysShared -AcceptSetDesktopSize=0 3> "$place/display.number" > "$place/display.log" 2>&1
+        3> "$place/display.number" > "$place/display.log" 2>&1
     display_server=$!
     until [ -s "$place/display.number" ]; do
         is_running "$display_server" || ended_too_soon "the X server" display
