@@ -250,6 +250,63 @@ test_simulate_keeps_its_words_off_the_output()
     [ "$(./simulate -c 'echo started' 2> /dev/null < /dev/null)" = started ] || die "There is more on standard output."
 }
 
+# What ./simulate needs of the sources for a browser.
+add_page()
+{
+    mkdir -p simulator/browser
+    cp "$root"/simulator/browser/* simulator/browser
+}
+
+test_simulate_tells_what_is_wrong_with_a_port()
+{
+    local words
+    add_page
+    for words in "--browser abc" "--browser 0" "--browser 65536" "--browser=" "--screen clock --browser 80 --browser x"; do
+        run ./simulate $words
+        expect_status 2
+        expect_said "./simulate: --browser: There is no port"
+    done
+    expect_no_file build
+}
+
+test_simulate_shows_no_pictures_in_a_browser()
+{
+    local words
+    add_page
+    for words in "--picture x.png --browser" "--browser --tour=x" "--browser 8080 --list-screens"; do
+        run ./simulate $words
+        expect_status 2
+        expect_said "do not go together"
+    done
+    expect_no_file build
+}
+
+test_simulate_needs_more_packages_for_a_browser_only()
+{
+    add_page
+    command_for_tests dpkg-query 'for name; do [ "$name" = novnc ] || echo "<$name installed>"; done'
+    command_for_tests id 'echo 1000'
+    run ./simulate -c 'echo started'
+    expect_said "started"
+    hide_sudo
+    run ./simulate --browser -c 'echo started'
+    expect_status 1
+    expect_said "novnc: what the page is made of"
+    expect_said "As root: apt-get install novnc"
+    expect_not_said "started"
+}
+
+test_simulate_tells_of_the_browser_in_its_help()
+{
+    local words
+    for words in --help "--browser --help"; do
+        run ./simulate $words
+        expect_status 0
+        expect_said "GNU bash"
+        expect_said "--browser [PORT]"
+    done
+}
+
 test_check_knows_its_steps()
 {
     run ./check --help
@@ -296,6 +353,13 @@ test_check_runs_a_step()
     run ./check guard
     expect_status 0
     expect_said "2 passed, 0 failed"
+}
+
+test_check_runs_its_usual_steps_and_one_more()
+{
+    run ./check default alone
+    expect_said "== What runs on the device as C++98"
+    expect_said "on a busy machine"
 }
 
 test_check_shows_the_step_that_failed()
