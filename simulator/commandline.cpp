@@ -272,8 +272,9 @@ QString helpText()
     help += QStringLiteral(
         "\nOn the PC's keyboard: digits, *, #, F1 to F4, Return for OK, Esc, and the arrows for up,\n"
         "down, left and right. The buttons above the device open panels that show what goes on in it.\n"
-        "What is switched there is kept for the next time, unless an option says otherwise. Pictures need no display. Where none answers, a tour to the directory\n"
-        "\"pictures\" takes the place of the window.\n"
+        "What is switched there is kept for the next time, unless an option says otherwise.\n"
+        "Pictures need no display. Where none answers, a tour to the directory \"pictures\" takes the\n"
+        "place of the window.\n"
         "The exit status is 0, 1 if something could not be written or shown, or 2 if an option was\n"
         "wrong.\n");
     return help;
