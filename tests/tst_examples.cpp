@@ -125,7 +125,7 @@ Result writePicture(const QString &example, const QStringList &steps, const QStr
 bool writePictures(const QStringList &arguments)
 {
     const QString chosen = arguments.value(1);
-    bool isGood = true;
+    bool isGood = QDir().mkpath(arguments.value(0));
     for (const QString &example : chosen.isEmpty() ? examples : QStringList(chosen)) {
         const QStringList steps = chosen.isEmpty() ? bestSteps.value(example) : QStringList(arguments.mid(2));
         const Result result = writePicture(example, steps, arguments.value(0));
@@ -223,11 +223,13 @@ void TestExamples::settingsAreKept()
 {
     const Runner runner;
     WORK("settingsmenu", "row Key clicks Off", "text Sound", "key 6", "row Key clicks Quiet", "text Sound (not saved)",
-         "key 8", "row Bass Low", "key 4", "row Bass High", "key Menu", "text Sound", "key Escape");
+         "key 8", "row Bass Low", "key 4", "row Bass High", "key 8", "key 8", "key 4",
+         "row At high speed A great deal louder", "key Menu", "text Sound", "key Escape");
     const QSettings file(runner.path("libwidget-examples/settingsmenu.conf"), QSettings::IniFormat);
     QCOMPARE(file.value("clicks").toString(), QStringLiteral("Quiet"));
     QCOMPARE(file.value("bass").toString(), QStringLiteral("High"));
-    QCOMPARE(file.value("speed").toString(), QStringLiteral("No"));
+    QCOMPARE(file.value("treble").toString(), QStringLiteral("Low"));
+    QCOMPARE(file.value("speed").toString(), QStringLiteral("A great deal louder"));
     WORK("settingsmenu", "row Key clicks Quiet", "key 8", "row Bass High", "key 8", "row Treble Low", "text Sound",
          "key Escape");
 }
@@ -246,8 +248,9 @@ void TestExamples::settingsNotSavedAreTakenBack()
 void TestExamples::settingsGoAroundTheirValues()
 {
     const Runner runner;
-    WORK("settingsmenu", "row Key clicks Off", "key 2", "row Louder at speed No", "key 6", "row Louder at speed A little",
-         "key 6", "row Louder at speed A lot", "key 6", "row Louder at speed No", "text Sound", "key Escape");
+    WORK("settingsmenu", "row Key clicks Off", "key 2", "row At high speed No louder", "key 6",
+         "row At high speed A little louder", "key 6", "row At high speed A great deal louder", "key 6",
+         "row At high speed No louder", "text Sound", "key Escape");
 }
 
 void TestExamples::textIsTypedInThreeAlphabets()
@@ -353,8 +356,10 @@ void TestExamples::functionKeysMoveAndChange()
 void TestExamples::digitsOpenRows()
 {
     const Runner runner;
-    WORK("functionkeys", "row Radio 1", "picture start.png", "key 2", "text Music", "row Volume Low", "key Escape",
-         "row Radio 1", "same start.png", "key 5", "row Volume Low", "key Escape", "same start.png", "key Escape");
+    WORK("functionkeys", "row Radio 1", "picture start.png", "key F2", "row Music 2", "key F4", "row Volume Low",
+         "picture music.png", "key Escape", "row Music 2", "key F1", "row Radio 1", "key 2", "row Volume Low",
+         "same music.png", "key Escape", "row Radio 1", "same start.png", "key 5", "row Volume Low", "other music.png",
+         "key Escape", "same start.png", "key Escape");
 }
 
 void TestExamples::digitsDoNotMove()

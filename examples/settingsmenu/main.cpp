@@ -37,7 +37,7 @@ SettingsMenu::SettingsMenu()
     addSetting("clicks", "Key clicks", QStringList() << "Off" << "Quiet" << "Loud");
     addSetting("bass", "Bass", QStringList() << "Low" << "Medium" << "High");
     addSetting("treble", "Treble", QStringList() << "Low" << "Medium" << "High");
-    addSetting("speed", "Louder at speed", QStringList() << "No" << "A little" << "A lot");
+    addSetting("speed", "At high speed", QStringList() << "No louder" << "A little louder" << "A great deal louder");
     refreshItems();  // what rows show, and backup() notes, is laid out
     restore();
     connect(this, SIGNAL(doSave()), this, SLOT(save()));

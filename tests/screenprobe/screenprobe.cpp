@@ -86,18 +86,24 @@ bool showsImage(const QWidget *screen, const QString &name)
     return false;
 }
 
+/// The rows of the list over a model that has the focus.
+const QAbstractItemView *focusedRows()
+{
+    const QWidget *list = QApplication::focusWidget();
+    return list ? list->findChild<QAbstractItemView *>() : nullptr;
+}
+
 QString focusedRow()
 {
     QStringList texts;
-    const QWidget *row = QApplication::focusWidget();
-    if (const QAbstractItemView *rows = row ? row->findChild<QAbstractItemView *>() : nullptr) {
+    if (const QAbstractItemView *rows = focusedRows()) {
         const QModelIndex index = rows->currentIndex();
         texts += index.data(WidgetListView::TitleRole).toString();
         texts += index.data(WidgetListView::ValueRole).toString();
         texts += index.data(WidgetListView::ValuesRole).toStringList().value(
             index.data(WidgetListView::ValueIndexRole).toInt());
         texts.removeAll(QString());
-    } else if (row) {
+    } else if (const QWidget *row = QApplication::focusWidget()) {
         texts = seenTexts(row);
     }
     return texts.join(QLatin1Char(' '));
@@ -140,6 +146,20 @@ void work(const QString &name, int repeats)
     send(QEvent::KeyRelease, key, false);
 }
 
+/// Whether something around \a widget ends in the middle of the lines in \a rect of it.
+bool isCutByItsParents(const QWidget *widget, QRect rect)
+{
+    for (const QWidget *part = widget; !part->isWindow(); part = part->parentWidget()) {
+        rect.moveTopLeft(part->mapToParent(rect.topLeft()));
+        const QRect around = part->parentWidget()->rect();
+        if (rect.top() > around.bottom() || rect.bottom() < around.top())
+            return false;  // all of it is out of view
+        if (rect.top() < around.top() || rect.bottom() > around.bottom())
+            return true;
+    }
+    return false;
+}
+
 /// What holds for every screen.
 void inspect(QWidget *screen)
 {
@@ -153,9 +173,13 @@ void inspect(QWidget *screen)
         if (label->text().isEmpty())
             continue;
         const QSize size = label->fontMetrics().size(0, label->text());
-        if (label->text().endsWith(Ellipsis) || size.width() > label->width() || size.height() > label->height())
+        if (label->text().endsWith(Ellipsis) || size.width() > label->width() || size.height() > label->height()
+            || isCutByItsParents(label, label->rect()))
             fail(QStringLiteral("The text \"%1\" is cut.").arg(label->text()));
     }
+    const QAbstractItemView *rows = focusedRows();
+    if (rows && isCutByItsParents(rows->viewport(), rows->visualRect(rows->currentIndex())))
+        fail(QStringLiteral("The row \"%1\" is cut.").arg(focusedRow()));
 }
 
 class ScreenProbe : public QObject
