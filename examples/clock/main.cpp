@@ -1,6 +1,6 @@
 // A clock with the date. Both keep themselves current in threads, which run as long as the screen is there.
 //
-// 1 changes between 12 and 24 hours, 2 shows the seconds or hides them. Escape ends the program.
+// 1 changes between 12 and 24 hours, 2 puts the day or the month first. Escape ends the program.
 
 #include "platform/soundmanager.h"
 #include "widgetclock.h"
@@ -51,6 +51,7 @@ ClockScreen::ClockScreen()
     }
     m_clock->setSeperatorUrl(picture("clock_separator"));
     m_clock->setAMPMUrl(picture("clock_am"), picture("clock_pm"));
+    m_clock->setDisplaySec(true);
     m_date->setGeometry(0, 98, 180, 22);
     QFont font;
     font.setPointSize(15);
@@ -58,7 +59,7 @@ ClockScreen::ClockScreen()
     m_date->setWDayFont(font);
     for (int day = 0; day < 7; ++day)
         m_date->setWDayText(day, weekDays[day]);
-    QLabel *guide = new QLabel("1  12/24 hours    2  Seconds", this);
+    QLabel *guide = new QLabel("1  12/24 hours    2  Day/month", this);
     guide->setGeometry(0, 140, 220, 20);
     guide->setAlignment(Qt::AlignCenter);
     guide->setStyleSheet("color: #988E8B; font-size: 12px;");
@@ -78,7 +79,7 @@ void ClockScreen::keyReleaseEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_1)
         m_clock->setFormat(m_clock->format() == WidgetClock::Hour12 ? WidgetClock::Hour24 : WidgetClock::Hour12);
     else if (event->key() == Qt::Key_2)
-        m_clock->setDisplaySec(!m_clock->displaySec());
+        m_date->setFormat(m_date->format() == WidgetDate::MonthDay ? WidgetDate::DayMonth : WidgetDate::MonthDay);
     else if (event->key() == Qt::Key_Escape)
         close();
     else

@@ -38,7 +38,7 @@ SettingsMenu::SettingsMenu()
     addSetting("bass", "Bass", QStringList() << "Low" << "Medium" << "High");
     addSetting("treble", "Treble", QStringList() << "Low" << "Medium" << "High");
     addSetting("speed", "At high speed", QStringList() << "No louder" << "A little louder" << "A great deal louder");
-    refreshItems();  // what rows show, and backup() notes, is laid out
+    refreshItems();  // lays out what the rows show, which is what backup() notes
     restore();
     connect(this, SIGNAL(doSave()), this, SLOT(save()));
     connect(this, SIGNAL(finished()), this, SLOT(leave()));
