@@ -179,5 +179,7 @@ endfunction()
 # Installs what there is to read. Pages that are made in the build are one more install() of the component.
 function(widget_install_documentation)
     install(FILES README.md DESTINATION ${widget_documentation_dir} COMPONENT documentation)
-    install(DIRECTORY docs examples DESTINATION ${widget_documentation_dir} COMPONENT documentation)
+    # Not what builds the examples with the library of this tree.
+    install(DIRECTORY docs examples DESTINATION ${widget_documentation_dir} COMPONENT documentation
+        PATTERN examples/CMakeLists.txt EXCLUDE)
 endfunction()
