@@ -1,11 +1,13 @@
 # Installs what applications use. For find_package(libwidget):
 #   libwidget::widget                   the library
 #   libwidget::widget-desktop-platform  the platform for a PC, as component desktop-platform
+#   libwidget::widget-linux-platform    the platform for embedded Linux boards, as component linux-platform
 #   libwidget_add_default_pictures()    the pictures that the widgets need
 #   libwidget_add_forms()               the widgets with what forms of Qt Designer need
 #   libwidget_PLUGIN_DIR                where the plug-ins of the toolkit are
-# For pkg-config libwidget and libwidget-desktop-platform, with variables of the same meaning: pictures, plugindir.
-# For qmake CONFIG += libwidget, libwidget_desktop_platform, libwidget_default_pictures, libwidget_forms.
+# For pkg-config libwidget, libwidget-desktop-platform and libwidget-linux-platform, with variables of the same meaning: pictures, plugindir.
+# For qmake CONFIG += libwidget, libwidget_desktop_platform, libwidget_linux_platform, libwidget_default_pictures,
+# libwidget_forms.
 #
 # Whatever is installed belongs to one of the components runtime, plugins, development, simulator and documentation,
 # each of which is a package (WidgetPackages.cmake).
@@ -35,7 +37,7 @@ function(widget_install)
         INCLUDES DESTINATION ${widget_header_dir})
     install(FILES ${ARGN} DESTINATION ${widget_header_dir} COMPONENT development)
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform DESTINATION ${widget_header_dir} COMPONENT development
-        FILES_MATCHING PATTERN "*.h" PATTERN desktop EXCLUDE)
+        FILES_MATCHING PATTERN "*.h" PATTERN desktop EXCLUDE PATTERN linux EXCLUDE)
 
     install(EXPORT libwidget-targets NAMESPACE libwidget:: DESTINATION ${widget_package_dir} COMPONENT development)
     configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-config.cmake.in
@@ -75,6 +77,38 @@ function(widget_install_desktop_platform)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-desktop-platform.pri.in
         ${PROJECT_BINARY_DIR}/libwidget-desktop-platform.pri @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/libwidget-desktop-platform.pri
+        DESTINATION ${widget_qmake_dir} COMPONENT development)
+endfunction()
+
+function(widget_install_linux_platform)
+    install(TARGETS widget-linux-platform EXPORT libwidget-linux-platform-targets
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+        INCLUDES DESTINATION ${widget_header_dir})
+    install(FILES ${ARGN} DESTINATION ${widget_header_dir}/platform/linux COMPONENT development)
+    install(FILES board.conf DESTINATION ${CMAKE_INSTALL_DATADIR}/${widget_name} COMPONENT development)
+
+    install(EXPORT libwidget-linux-platform-targets NAMESPACE libwidget:: DESTINATION ${widget_package_dir}
+        COMPONENT development)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-linux-platform.cmake.in
+        ${PROJECT_BINARY_DIR}/libwidget-linux-platform.cmake @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/libwidget-linux-platform.cmake
+        ${PROJECT_SOURCE_DIR}/cmake/WidgetLinuxLibraries.cmake
+        DESTINATION ${widget_package_dir} COMPONENT development)
+
+    set(linux_modules)
+    set(linux_libraries)
+    if(WIDGET_ALSA_TARGET)
+        string(APPEND linux_modules " alsa")
+        string(APPEND linux_libraries " -lasound")
+    endif()
+    if(WIDGET_EVDEV_TARGET)
+        string(APPEND linux_modules " libevdev")
+        string(APPEND linux_libraries " -levdev")
+    endif()
+    widget_install_for_pkgconfig(libwidget-linux-platform)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/libwidget-linux-platform.pri.in
+        ${PROJECT_BINARY_DIR}/libwidget-linux-platform.pri @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/libwidget-linux-platform.pri
         DESTINATION ${widget_qmake_dir} COMPONENT development)
 endfunction()
 

@@ -40,6 +40,12 @@ option(WIDGET_BUILD_PLUGINS "Build the plug-ins of the toolkit: picture cache, D
 option(WIDGET_BUILD_DESIGNER "Build the plug-in for Qt Designer, if its headers are there (needs the platform for a PC)"
     ${on_a_pc})
 option(WIDGET_BUILD_DESKTOP "Build the platform for a PC" ${on_a_pc})
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    set(on_linux ON)
+else()
+    set(on_linux OFF)
+endif()
+option(WIDGET_BUILD_LINUX "Build the platform for embedded Linux boards" ${on_linux})
 option(WIDGET_BUILD_SIMULATOR "Build the simulator (needs the platform for a PC)" ${on_a_pc})
 option(WIDGET_BUILD_TESTS "Build the tests" ${for_developers})
 option(WIDGET_BUILD_BENCHMARKS "Build the benchmarks" ${for_developers})
