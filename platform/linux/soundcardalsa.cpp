@@ -1,6 +1,13 @@
 #include "platform/linux/soundcard.h"
 
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+
+// Some versions of these headers leave a function without it.
+extern "C" {
 #include <alsa/asoundlib.h>
+}
 
 namespace {
 
