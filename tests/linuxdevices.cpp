@@ -1,0 +1,189 @@
+// The kernel's side of the devices in linuxdevices.h: takes the place of functions of the system's library in the program
+// that it is linked with, and for the libraries that this loads. A library that is loaded before all others would do the
+// same, but the sanitizers want to be that one.
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <fstream>
+#include <linux/input.h>
+#include <linux/rtc.h>
+#include <linux/watchdog.h>
+#include <sstream>
+#include <string>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace {
+
+std::string directory()
+{
+    const char *path = std::getenv("WIDGET_TEST_DEVICES");
+    return path ? path : "";
+}
+
+// The name of the device behind \a descriptor, or nothing for what is none of ours.
+std::string deviceOf(int descriptor)
+{
+    const std::string ours = directory();
+    char path[4096];
+    const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
+    const ssize_t length = readlink(link.c_str(), path, sizeof(path));
+    if (ours.empty() || length < 0)
+        return std::string();
+    const std::string target(path, std::size_t(length));
+    return target.compare(0, ours.size(), ours) == 0 ? target.substr(ours.size()) : std::string();
+}
+
+bool hasState(const std::string &device)
+{
+    return access((directory() + "state/" + device).c_str(), F_OK) == 0;
+}
+
+// What stands in the state behind \a word; \a found says whether it is there.
+std::string state(const std::string &device, const std::string &word, bool *found = nullptr)
+{
+    std::ifstream stream(directory() + "state/" + device);
+    std::string line;
+    while (std::getline(stream, line)) {
+        if (line.compare(0, word.size(), word) != 0)
+            continue;
+        if (found)
+            *found = true;
+        return line.substr(word.size());
+    }
+    return std::string();
+}
+
+bool isRefused(const std::string &device)
+{
+    bool found = false;
+    state(device, "refuse", &found);
+    return found;
+}
+
+void record(const std::string &line)
+{
+    const int file = open((directory() + "requests").c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+    const std::string whole = line + '\n';
+    if (write(file, whole.data(), whole.size()) < 0)
+        std::abort();
+    close(file);
+}
+
+int failure(int error)
+{
+    errno = error;
+    return -1;
+}
+
+int watchdog(const std::string &device, unsigned long request, int *seconds)
+{
+    const std::string fixed = state(device, "seconds ");
+    if (request == WDIOC_SETTIMEOUT) {
+        record(device + " WDIOC_SETTIMEOUT " + std::to_string(*seconds));
+        if (isRefused(device))
+            return failure(EOPNOTSUPP);
+        if (!fixed.empty())
+            *seconds = std::stoi(fixed);
+        return 0;
+    }
+    if (request == WDIOC_GETTIMEOUT && !fixed.empty()) {
+        *seconds = std::stoi(fixed);
+        return 0;
+    }
+    return failure(ENOTTY);
+}
+
+int chip(const std::string &device, unsigned long request, rtc_time *registers)
+{
+    if (request != RTC_RD_TIME || !hasState(device))
+        return failure(EIO);
+    const std::string text = state(device, "");
+    if (text == "now") {
+        const time_t now = time(nullptr);
+        tm time;
+        gmtime_r(&now, &time);
+        *registers = {time.tm_sec, time.tm_min, time.tm_hour, time.tm_mday, time.tm_mon, time.tm_year, 0, 0, 0};
+        return 0;
+    }
+    *registers = {};
+    std::sscanf(text.c_str(), "%d-%d-%d %d:%d:%d", &registers->tm_year, &registers->tm_mon, &registers->tm_mday,
+                &registers->tm_hour, &registers->tm_min, &registers->tm_sec);
+    registers->tm_year -= 1900;
+    registers->tm_mon -= 1;
+    return 0;
+}
+
+void setBits(const std::string &numbers, unsigned char *bits, std::size_t size)
+{
+    std::istringstream stream(numbers);
+    for (std::size_t number; stream >> number;) {
+        if (number / 8 < size)
+            bits[number / 8] = static_cast<unsigned char>(bits[number / 8] | 1u << number % 8);
+    }
+}
+
+int input(const std::string &device, unsigned long request, void *argument)
+{
+    const std::size_t size = _IOC_SIZE(request);
+    const unsigned int number = _IOC_NR(request);
+    if (request == EVIOCGRAB) {
+        record(device + " EVIOCGRAB " + std::to_string(reinterpret_cast<unsigned long>(argument)));
+        return isRefused(device) ? failure(EBUSY) : 0;
+    }
+    if (_IOC_TYPE(request) != 'E')
+        return failure(ENOTTY);
+    if (_IOC_DIR(request) != _IOC_READ)
+        return 0;
+    std::memset(argument, 0, size);
+    unsigned char *bits = static_cast<unsigned char *>(argument);
+    if (number == _IOC_NR(EVIOCGNAME(0))) {
+        const std::string name = state(device, "name ");
+        std::strncpy(static_cast<char *>(argument), name.c_str(), size - 1);
+        return int(name.size()) + 1;
+    }
+    if (number == _IOC_NR(EVIOCGPHYS(0)) || number == _IOC_NR(EVIOCGUNIQ(0)))
+        return failure(ENOENT);
+    if (number == _IOC_NR(EVIOCGBIT(0, 0)))
+        setBits("0 1", bits, size);  // EV_SYN, EV_KEY
+    else if (number == _IOC_NR(EVIOCGBIT(EV_KEY, 0)))
+        setBits(state(device, "keys "), bits, size);
+    else if (number == _IOC_NR(EVIOCGKEY(0)))
+        setBits(state(device, "held "), bits, size);
+    return 0;
+}
+
+}
+
+extern "C" __attribute__((visibility("default"))) int ioctl(int descriptor, unsigned long request, ...) noexcept
+{
+    va_list arguments;
+    va_start(arguments, request);
+    void *argument = va_arg(arguments, void *);
+    va_end(arguments);
+
+    const std::string device = deviceOf(descriptor);
+    if (device.compare(0, 8, "watchdog") == 0)
+        return watchdog(device, request, static_cast<int *>(argument));
+    if (device.compare(0, 3, "rtc") == 0)
+        return chip(device, request, static_cast<rtc_time *>(argument));
+    if (device.compare(0, 5, "event") == 0)
+        return input(device, request, argument);
+    using Ioctl = int (*)(int, unsigned long, ...);
+    static const Ioctl real = reinterpret_cast<Ioctl>(dlsym(RTLD_NEXT, "ioctl"));
+    return real(descriptor, request, argument);
+}
+
+extern "C" __attribute__((visibility("default"))) int clock_settime(clockid_t, const timespec *time) noexcept
+{
+    if (directory().empty() || hasState("clock"))
+        return failure(EPERM);
+    record("clock_settime " + std::to_string(time->tv_sec));
+    return 0;
+}
