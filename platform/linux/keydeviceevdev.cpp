@@ -24,7 +24,7 @@ void logComplaint(const libevdev *, libevdev_log_priority, void *, const char *,
     Logging::log(Logging::LogTrace, "[keys] %s", text);
 }
 
-// A device that is gone says so; what a pipe still holds comes first.
+// A device that is gone fails when it is read; one behind a pipe only has no more.
 bool isGone(int descriptor)
 {
     pollfd state = {descriptor, POLLIN, 0};
@@ -111,8 +111,6 @@ bool Board::KeyDevice::read(std::vector<Event> *events)
 {
     unsigned int flag = LIBEVDEV_READ_FLAG_NORMAL;
     for (;;) {
-        if (flag == LIBEVDEV_READ_FLAG_NORMAL && !libevdev_has_event_pending(m_device) && isGone(m_descriptor))
-            return false;
         input_event event;
         const int status = libevdev_next_event(m_device, flag, &event);
         if (status == LIBEVDEV_READ_STATUS_SUCCESS) {
@@ -125,7 +123,7 @@ bool Board::KeyDevice::read(std::vector<Event> *events)
         } else if (status == -EAGAIN && flag == LIBEVDEV_READ_FLAG_SYNC) {
             flag = LIBEVDEV_READ_FLAG_NORMAL;
         } else if (status == -EAGAIN) {
-            return true;
+            return !isGone(m_descriptor);
         } else if (status != -EINTR) {
             return false;
         }
