@@ -14,6 +14,7 @@
 
 #include <QtTest>
 
+#include <atomic>
 #include <cerrno>
 #include <cmath>
 #include <csignal>
@@ -648,7 +649,7 @@ void TestLinuxPlatform::fileThatCannotBeReadIsReported()
 
 void TestLinuxPlatform::hardwareWatchdogIsFedAndStoppedAtExit()
 {
-    TestBoard board("watchdog_device = @watchdog\nwatchdog_s = 1\n");
+    TestBoard board("watchdog_device = @watchdog\nwatchdog_s = 1\nthread_timeout_ms = 3600000\n");
     Fifo device(board.path("watchdog"));
     Child child(board, {"watchAnswering"});
     QByteArray fed;
@@ -692,6 +693,9 @@ void TestLinuxPlatform::hangingThreadIsNamedAndEndsFeeding()
     TestBoard board("watchdog_device = @watchdog\nwatchdog_s = 1\nthread_timeout_ms = 700\n");
     Fifo device(board.path("watchdog"));
     Child child(board, {"watchSteps"});
+    child.tell("watch");
+    QByteArray fed;
+    EVENTUALLY((fed += device.readAll()).contains('\0'));
     child.tell("start the screens");
     const QRegularExpression hangs("^\\[watchdog\\] \"the screens\" has not answered for \\d+\\.\\d s, "
                                    + board.path("watchdog") + " is not fed$");
@@ -700,12 +704,12 @@ void TestLinuxPlatform::hangingThreadIsNamedAndEndsFeeding()
     EVENTUALLY(child.output().endsWith("hanging: the screens\n"));
     child.tell("fed");
     EVENTUALLY(child.output().endsWith("unfed\n"));
-    QVERIFY(!device.readAll().isEmpty());
+    device.readAll();
     passTime(1500);
     QCOMPARE(device.readAll(), QByteArray());
 
     child.tell("kick the screens");
-    QByteArray fed;
+    fed.clear();
     EVENTUALLY((fed += device.readAll()).contains('\0'));
     EVENTUALLY(!board.log.texts().filter(QRegularExpression("^\\[watchdog\\] \"the screens\" answers again after ")).isEmpty());
     QVERIFY(child.ends());
@@ -723,7 +727,6 @@ void TestLinuxPlatform::oneHangingThreadIsEnough()
     device.readAll();
     passTime(1000);
     QCOMPARE(device.readAll(), QByteArray());
-    QVERIFY(board.log.texts().filter("lively").isEmpty());
 }
 
 void TestLinuxPlatform::threadThatStopsIsNotWatched()
