@@ -80,9 +80,10 @@ function(widget_install_desktop_platform)
         DESTINATION ${widget_qmake_dir} COMPONENT development)
 endfunction()
 
+# Installs the platform for Linux boards, unless only other targets were built.
 function(widget_install_linux_platform)
     install(TARGETS widget-linux-platform EXPORT libwidget-linux-platform-targets
-        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development OPTIONAL
         INCLUDES DESTINATION ${widget_header_dir})
     install(FILES ${ARGN} DESTINATION ${widget_header_dir}/platform/linux COMPONENT development)
     install(FILES board.conf DESTINATION ${CMAKE_INSTALL_DATADIR}/${widget_name} COMPONENT development)

@@ -100,6 +100,19 @@ void logToFullErrors()
     print(std::string(bytes, std::size_t(qMax<ssize_t>(length, 0))));
 }
 
+// Nobody reads standard error, and who writes to it gets a signal.
+void logToClosedErrors()
+{
+    int ends[2];
+    if (pipe(ends) != 0)
+        std::abort();
+    dup2(ends[1], STDERR_FILENO);
+    close(ends[0]);
+    close(ends[1]);
+    Logging::log(Logging::LogError, "unheard");
+    print("alive");
+}
+
 void logAndKeepErrno()
 {
     errno = ENOTDIR;
@@ -215,6 +228,8 @@ void doJob(QStringList arguments)
         logFromThreads();
     else if (job == "logToFullErrors")
         logToFullErrors();
+    else if (job == "logToClosedErrors")
+        logToClosedErrors();
     else if (job == "logAndKeepErrno")
         logAndKeepErrno();
     else if (job == "printConfig")
@@ -305,6 +320,7 @@ private slots:
     void withoutSyslogLinesGoToStandardError();
     void syslogThatIsStartedAnewIsFoundAgain();
     void fullStandardErrorDoesNotBlock();
+    void closedStandardErrorDoesNoHarm();
     void logKeepsErrno();
 
     void sampleFileIsWhatCountsWithoutIt();
@@ -518,6 +534,15 @@ void TestLinuxPlatform::fullStandardErrorDoesNotBlock()
     const QStringList lines = child.output().split('\n');
     QVERIFY2(lines[0].endsWith("  [log] 3 lines were lost"), qPrintable(lines[0]));
     QVERIFY2(lines.value(1).endsWith("  heard"), qPrintable(lines.value(1)));
+}
+
+void TestLinuxPlatform::closedStandardErrorDoesNoHarm()
+{
+    DeviceDirectory board;
+    board.write("board.conf", "log_device = " + board.path("none").toLocal8Bit() + '\n');
+    Child child(board, {"logToClosedErrors"});
+    QVERIFY(child.ends());
+    QCOMPARE(child.output(), QString("alive\n"));
 }
 
 void TestLinuxPlatform::logKeepsErrno()

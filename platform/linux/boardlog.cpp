@@ -49,7 +49,7 @@ void readLevel()
 std::string number(unsigned long value)
 {
     char text[24];
-    std::snprintf(text, sizeof(text), "%lu", value);
+    snprintf(text, sizeof(text), "%lu", value);
     return text;
 }
 
@@ -82,7 +82,7 @@ std::string timeStamp()
     std::memset(&local, 0, sizeof(local));
     localtime_r(&now, &local);
     char text[40];
-    std::snprintf(text, sizeof(text), "%s %2d %02d:%02d:%02d", months[local.tm_mon], local.tm_mday, local.tm_hour,
+    snprintf(text, sizeof(text), "%s %2d %02d:%02d:%02d", months[local.tm_mon], local.tm_mday, local.tm_hour,
                   local.tm_min, local.tm_sec);
     return text;
 }
@@ -207,7 +207,7 @@ Outcome writeToErrors(const std::string &message)
 bool put(int level, const std::string &text)
 {
     char header[16];
-    std::snprintf(header, sizeof(header), "<%d>", priority(level));
+    snprintf(header, sizeof(header), "<%d>", priority(level));
     const std::string stamped = timeStamp() + ' ' + programName() + text;
     Outcome outcome = sendToSyslog(header + stamped);
     if (outcome == Nobody)
