@@ -72,13 +72,14 @@ private:
 class Fifo
 {
 public:
-    explicit Fifo(const QString &path, mode_t mode = 0666)
+    explicit Fifo(const QString &path, mode_t mode = 0600)
         : m_path(path)
     {
         if (mkfifo(path.toLocal8Bit().constData(), 0600) != 0)
             qFatal("No FIFO can be made");
         m_descriptor = ::open(path.toLocal8Bit().constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
-        chmod(path.toLocal8Bit().constData(), mode);
+        if (mode != 0600)
+            chmod(path.toLocal8Bit().constData(), mode);
     }
 
     ~Fifo()
@@ -130,7 +131,7 @@ private:
 class InputDevice
 {
 public:
-    InputDevice(const DeviceDirectory &directory, const QString &name, const QByteArray &state, mode_t mode = 0666)
+    InputDevice(const DeviceDirectory &directory, const QString &name, const QByteArray &state, mode_t mode = 0600)
         : m_directory(directory),
           m_name(name)
     {

@@ -348,7 +348,8 @@ void Board::Keys::Reader::openDevice(const std::string &path, const Identity &id
         Logging::log(Logging::LogError, "[keys] %s: It cannot be grabbed: %s", path.c_str(), problem.c_str());
     device->notifier = new Notifier(device->reader.descriptor(), m_keys);
     m_devices.push_back(device);
-    Logging::log(Logging::LogTrace, "[keys] %s: %s is read", path.c_str(), device->reader.name().c_str());
+    const std::string name = device->reader.name();
+    Logging::log(Logging::LogTrace, "[keys] %s: %s is read", path.c_str(), name.empty() ? "It" : name.c_str());
 }
 
 bool Board::Keys::Reader::isOpen(const Identity &identity) const
