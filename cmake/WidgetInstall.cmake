@@ -162,8 +162,13 @@ function(widget_install_simulator)
     install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT simulator OPTIONAL)
 endfunction()
 
-# Installs what there is to read. Pages that are made in the build are one more install() of the component.
+# Installs what there is to read, and the pages of docs/ as HTML, if they were built.
 function(widget_install_documentation)
     install(FILES README.md DESTINATION ${widget_documentation_dir} COMPONENT documentation)
-    install(DIRECTORY docs examples DESTINATION ${widget_documentation_dir} COMPONENT documentation)
+    install(DIRECTORY examples DESTINATION ${widget_documentation_dir} COMPONENT documentation)
+    install(DIRECTORY docs DESTINATION ${widget_documentation_dir} COMPONENT documentation
+        FILES_MATCHING PATTERN "*.png" PATTERN performance.md PATTERN reliability.md
+        PATTERN guide EXCLUDE PATTERN classes EXCLUDE PATTERN samples EXCLUDE)
+    install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html DESTINATION ${widget_documentation_dir} COMPONENT documentation
+        OPTIONAL)
 endfunction()
