@@ -168,7 +168,7 @@ function(widget_install_documentation)
     install(DIRECTORY examples DESTINATION ${widget_documentation_dir} COMPONENT documentation)
     install(DIRECTORY docs DESTINATION ${widget_documentation_dir} COMPONENT documentation
         FILES_MATCHING PATTERN "*.png" PATTERN performance.md PATTERN reliability.md
-        PATTERN guide EXCLUDE PATTERN classes EXCLUDE PATTERN samples EXCLUDE)
+        PATTERN guide EXCLUDE PATTERN classes EXCLUDE PATTERN samples EXCLUDE PATTERN doxygen EXCLUDE)
     install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html DESTINATION ${widget_documentation_dir} COMPONENT documentation
         OPTIONAL)
 endfunction()

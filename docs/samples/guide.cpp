@@ -43,7 +43,8 @@ SAMPLE(guide_pictures, 220, 92, Paper)
 {
     //! [guide_pictures]
     const char *const properties[] = {"image", "background-image", "border-image"};
-    const QString sheet("background-color: #474242; %1: url(:/resource/images_l2/status_battery_full.png);");
+    const QString sheet("background-color: #474242; "
+                        "%1: url(:/resource/images_l2/status_battery_full.png);");
     for (int i = 0; i < 3; ++i) {
         QLabel *place = new QLabel(screen);
         place->setGeometry(10, 4 + i * 29, 60, 26);
@@ -58,7 +59,8 @@ SAMPLE(guide_without_ground, 220, 38, 0xffa8a29f)
 {
     //! [guide_without_ground]
     WidgetSimpleTitle *title = new WidgetSimpleTitle(screen, SoundManager::getInstance());
-    title->setItemStyle(WidgetSimpleTitle::ItemBackground, "WidgetSimpleTitle {background-color: #594B4F;} QLabel {color: #F8F7F6;}");
+    title->setItemStyle(WidgetSimpleTitle::ItemBackground,
+                        "WidgetSimpleTitle {background-color: #594B4F;} QLabel {color: #F8F7F6;}");
     title->setTitle("Messages");
     //! [guide_without_ground]
 }
@@ -68,7 +70,8 @@ SAMPLE(guide_with_ground, 220, 38, 0xffa8a29f)
     //! [guide_with_ground]
     WidgetSimpleTitle *title = new WidgetSimpleTitle(screen, SoundManager::getInstance());
     title->setAttribute(Qt::WA_StyledBackground);
-    title->setItemStyle(WidgetSimpleTitle::ItemBackground, "WidgetSimpleTitle {background-color: #594B4F;} QLabel {color: #F8F7F6;}");
+    title->setItemStyle(WidgetSimpleTitle::ItemBackground,
+                        "WidgetSimpleTitle {background-color: #594B4F;} QLabel {color: #F8F7F6;}");
     title->setTitle("Messages");
     //! [guide_with_ground]
 }
@@ -246,7 +249,9 @@ SAMPLE(guide_right_to_left, 220, 176, Paper)
     StringRC::getInstance()->m_rightToLeft = true;  // the platform's: the language in use
 
     QStringList names;
-    names << QString::fromUtf8("أحمد البحري") << QString::fromUtf8("آمنة النجمي") << QString::fromUtf8("باسم الوادي");
+    names << QString::fromUtf8("أحمد البحري");
+    names << QString::fromUtf8("آمنة النجمي");
+    names << QString::fromUtf8("باسم الوادي");
     WidgetListView *list = new WidgetListView(screen, SoundManager::getInstance());
     list->resize(220, 176);
     list->setTitle(QString::fromUtf8("جهات الاتصال"), true);

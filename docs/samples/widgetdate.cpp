@@ -11,7 +11,8 @@ static WidgetDate *addDate(QWidget *screen)
 {
     WidgetDate *date = new WidgetDate(screen, SoundManager::getInstance());
     date->setGeometry(0, 4, 180, 22);
-    const char *const days[] = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
+    const char *const days[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                "Thursday", "Friday", "Saturday"};
     for (int wday = 0; wday < 7; ++wday)
         date->setWDayText(wday, days[wday]);
 

@@ -25,7 +25,12 @@ static WidgetKeypad *addKeypad(QWidget *screen)
     const QString rest("background-color: #6e6464; color: #f8f7f6; border: 1px solid #3c3738; ");
     const QString lit("background-color: #f7ce86; color: #1f1618; border: 1px solid #3c3738; ");
     const QString picture("image: url(:/resource/images_l2/%1.png);");
-    const QString names[4][2] = {{}, {}, {"key_space_nor", "key_space_focus"}, {"key_delete_nor", "key_delete_focus"}};
+    const char *const names[4][2] = {
+        {"", ""},  // texts
+        {"", ""},
+        {"key_space_nor", "key_space_focus"},
+        {"key_delete_nor", "key_delete_focus"},
+    };
     for (int item = 0; item < 4; ++item) {
         const bool hasPicture = item >= WidgetKeypad::ItemSpace;
         keypad->setItemStyle(WidgetKeypad::Item(item), WidgetKeypad::StateNormal,

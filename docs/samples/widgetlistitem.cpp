@@ -112,7 +112,8 @@ SAMPLE(widgetlistitem_widget_value, 220, 46, Paper)
     const char *const pictures[] = {"status_reception_full", "status_reception_weak"};
     for (int i = 0; i < 2; ++i) {
         QLabel *value = new QLabel;
-        value->setStyleSheet(QString("background-color: #474242; image: url(:/resource/images_l2/%1.png);").arg(pictures[i]));
+        value->setStyleSheet(QString("background-color: #474242; image: url(:/resource/images_l2/%1.png);")
+                                 .arg(pictures[i]));
         row->addValue(value);  // the row owns it from now on
     }
     //! [widgetlistitem_widget_value]

@@ -19,12 +19,14 @@ static QAbstractItemModel *newNames(QObject *parent)
 //! [widgetlistview_contacts]
 static QAbstractItemModel *newContacts(QObject *parent)
 {
-    const char *const names[] = {"Ada Ashgrove", "Bruno Quellbach", "Carla Oakhaven", "Dario Larkenfield", "Edda Karlsvik"};
+    const char *const names[] = {"Ada Ashgrove", "Bruno Quellbach", "Carla Oakhaven",
+                                 "Dario Larkenfield", "Edda Karlsvik"};
     QStandardItemModel *contacts = new QStandardItemModel(5, 1, parent);
     for (int row = 0; row < 5; ++row) {
         const QModelIndex contact = contacts->index(row, 0);
         contacts->setData(contact, QString(names[row]), WidgetListView::TitleRole);
-        contacts->setData(contact, QStringList() << "Family" << "Friends" << "Work", WidgetListView::ValuesRole);
+        contacts->setData(contact, QStringList() << "Family" << "Friends" << "Work",
+                          WidgetListView::ValuesRole);
         contacts->setData(contact, row % 3, WidgetListView::ValueIndexRole);
         contacts->setData(contact, true, WidgetListView::MoreDepthRole);
     }
