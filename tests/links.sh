@@ -14,6 +14,11 @@ while IFS=: read -r page what; do
     complain "$page fetches $what"
 done < <(grep -oHE '(src="(https?:)?//[^"]*"|<link [^>]*href="(https?:)?//[^"]*")' ./*.html)
 
+# Doxygen does not always warn of what it does not understand.
+while IFS=: read -r page what; do
+    complain "$page shows \"$what\"."
+done < <(grep -oHE '(@|\\\\)(ref|snippet|include|image|subpage) |&lt;/?(tt|h[1-6]|table|td)&gt;' ./*.html)
+
 while IFS= read -r line; do
     page=${line%%:*}
     link=${line#*=\"}

@@ -187,7 +187,8 @@ SAMPLE(guide_keypad, 220, 176, Paper)
 {
     //! [guide_keypad]
     const char *const pages[2][12] = {
-        {".,?!1", "abc2", "def3", "ghi4", "jkl5", "mno6", "pqrs7", "tuv8", "wxyz9", "*", "-'@0", "# 123"},
+        {".,?!1", "abc2", "def3", "ghi4", "jkl5", "mno6",
+         "pqrs7", "tuv8", "wxyz9", "*", "-'@0", "# 123"},
         {"1", "2", "3", "4", "5", "6", "7", "8", "9", "*", "0", "# abc"},
     };
     WidgetKeypad *keypad = new WidgetKeypad(screen, SoundManager::getInstance());

@@ -33,6 +33,7 @@ SAMPLE(widgetmenutitle_right_to_left, 220, 38, Paper)
     WidgetMenuTitle *title = new WidgetMenuTitle(screen, SoundManager::getInstance());
     title->setAttribute(Qt::WA_StyledBackground);
     title->setTitle(QString::fromUtf8("الإعدادات"));
-    title->setItemStyle(WidgetMenuTitle::ItemIcon, "image: url(:/resource/images_l2/icon_settings.png);");
+    title->setItemStyle(WidgetMenuTitle::ItemIcon,
+                        "image: url(:/resource/images_l2/icon_settings.png);");
     //! [widgetmenutitle_right_to_left]
 }

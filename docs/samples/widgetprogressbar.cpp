@@ -28,7 +28,8 @@ SAMPLE(widgetprogressbar_colours, 220, 46, Paper)
     WidgetProgressBar *bar = new WidgetProgressBar(screen);
     bar->setAttribute(Qt::WA_StyledBackground);
     bar->resize(220, 46);
-    bar->setItemStyle(WidgetProgressBar::ItemBackground, "WidgetProgressBar {background-color: #F7CE86;}");
+    bar->setItemStyle(WidgetProgressBar::ItemBackground,
+                      "WidgetProgressBar {background-color: #F7CE86;}");
     bar->setItemStyle(WidgetProgressBar::ItemBar,
                       "QProgressBar {border: 0px; background-color: #6E6464; color: #FFFFFF;}"
                       "QProgressBar::chunk {background-color: #1F1618;}");
