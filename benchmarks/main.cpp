@@ -3,6 +3,7 @@
 #include "measuring.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -14,73 +15,63 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace {
 
-const char Usage[] =
-    "Usage: bench [--rounds N] [--json FILE] [--plugins DIRECTORY]\n"
-    "       bench --soak KEYS [--plugins DIRECTORY]\n"
-    "       bench --count [WORK]\n"
-    "\n"
-    "Measures the library and plain widgets that paint the same pictures, in turns, and prints the medians in\n"
-    "microseconds of CPU time for a step and its painted frame. Where the build has the plug-in that caches pictures, a\n"
-    "second run with it gives the last two columns.\n"
-    "\n"
-    "  --rounds N           measure N rounds of each, 60 at first\n"
-    "  --json FILE          write the table to FILE as well\n"
-    "  --plugins DIRECTORY  have the toolkit load plug-ins from DIRECTORY; no second run\n"
-    "  --soak KEYS          send KEYS keys to the library's screens; fails if the heap goes on growing. Without the\n"
-    "                       plug-in it seems to: the toolkit notes each picture that it reads, and looks through these\n"
-    "                       notes every half minute only\n"
-    "  --count [WORK]       under callgrind, count the instructions of all work or of one; costs.sh does that\n";
+const char Description[] =
+    "Measures the library and plain widgets that paint the same pictures, in turns, and prints the medians in "
+    "microseconds of CPU time for a step and its painted frame. Where the build has the plug-in that caches pictures, a "
+    "second run with it gives the last two columns.";
 
 struct Options
 {
-    int rounds = 60;
-    int soakKeys = 0;
-    bool count = false;
+    int rounds;
+    int soakKeys;
+    bool count;
     QString countedWork;
     QString jsonFile;
     QString plugins;
 };
 
-int refuse(const QString &what)
+// The number that \a option was given, or 0. Ends the program if it is none.
+int numberOf(const QCommandLineParser &parser, const QString &option)
 {
-    std::fprintf(stderr, "bench: %s; see bench --help\n", qPrintable(what));
-    return 2;
+    const QString value = parser.value(option);
+    bool isNumber = false;
+    const int number = value.toInt(&isNumber);
+    if (value.isEmpty() || (isNumber && number > 0))
+        return number;
+    std::fprintf(stderr, "bench: --%s needs a number from 1 on, not \"%s\"\n", qPrintable(option), qPrintable(value));
+    std::exit(EXIT_FAILURE);
 }
 
-// Returns an empty text, or what is wrong.
-QString readOptions(const QStringList &arguments, Options *options)
+// Ends the program if it is asked for help, or for what there is not.
+Options readOptions(const QCoreApplication &application)
 {
-    for (int i = 1; i < arguments.size(); ++i) {
-        const QString option = arguments.at(i);
-        const bool hasValue = i + 1 < arguments.size() && !arguments.at(i + 1).startsWith(QLatin1String("--"));
-        if (option == QLatin1String("--count")) {
-            options->count = true;
-            if (hasValue)
-                options->countedWork = arguments.at(++i);
-            continue;
-        }
-        const bool isNumber = option == QLatin1String("--rounds") || option == QLatin1String("--soak");
-        const bool isText = option == QLatin1String("--json") || option == QLatin1String("--plugins");
-        if (!isNumber && !isText)
-            return QStringLiteral("there is no option \"%1\"").arg(option);
-        if (!hasValue)
-            return QStringLiteral("%1 needs a value").arg(option);
-        const QString value = arguments.at(++i);
-        if (isText) {
-            (option == QLatin1String("--json") ? options->jsonFile : options->plugins) = value;
-            continue;
-        }
-        bool ok;
-        const int number = value.toInt(&ok);
-        if (!ok || number < 1)
-            return QStringLiteral("%1 needs a number from 1 on, not \"%2\"").arg(option, value);
-        (option == QLatin1String("--rounds") ? options->rounds : options->soakKeys) = number;
-    }
-    return QString();
+    const QString rounds = QStringLiteral("rounds");
+    const QString json = QStringLiteral("json");
+    const QString plugins = QStringLiteral("plugins");
+    const QString soak = QStringLiteral("soak");
+    const QString count = QStringLiteral("count");
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QString::fromLatin1(Description));
+    parser.addHelpOption();
+    parser.addOptions({
+        {rounds, QStringLiteral("Measure <N> rounds of each."), QStringLiteral("N"), QStringLiteral("60")},
+        {json, QStringLiteral("Write the table to <file> as well."), QStringLiteral("file")},
+        {plugins, QStringLiteral("Have the toolkit load plug-ins from <directory>; no second run."),
+         QStringLiteral("directory")},
+        {soak, QStringLiteral("Send <keys> keys to the library's screens; fails if the heap goes on growing. Without the "
+                              "plug-in it seems to: the toolkit notes each picture that it reads, and looks through "
+                              "these notes every half minute only."), QStringLiteral("keys")},
+        {count, QStringLiteral("Under callgrind, count the instructions of all work, or of one; costs.sh does that.")},
+    });
+    parser.addPositionalArgument(QStringLiteral("work"), QStringLiteral("The work to count."), QStringLiteral("[work]"));
+    parser.process(application);
+    return {numberOf(parser, rounds), numberOf(parser, soak), parser.isSet(count),
+            parser.positionalArguments().value(0), parser.value(json), parser.value(plugins)};
 }
 
 QJsonObject toJson(const std::vector<Measured> &table, const std::vector<double> &withPlugIn)
@@ -181,21 +172,12 @@ bool print(const std::vector<Measured> &table, const std::vector<double> &withPl
 int main(int argc, char **argv)
 {
     setUpEnvironment();
-    Options options;
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    if (arguments.contains(QLatin1String("--help"))) {
-        std::fputs(Usage, stdout);
-        return std::fflush(stdout) == 0 ? 0 : 1;
-    }
-    const QString problem = readOptions(arguments, &options);
-    if (!problem.isEmpty())
-        return refuse(problem);
-
     // Only the second run has the plug-in, wherever it is installed.
-    qputenv("QT_PLUGIN_PATH", QFile::encodeName(options.plugins));
+    qunsetenv("QT_PLUGIN_PATH");
     QApplication application(argc, argv);
+    const Options options = readOptions(application);
+    if (!options.plugins.isEmpty())
+        QCoreApplication::addLibraryPath(options.plugins);
     setUpApplication();
 
     if (options.count)

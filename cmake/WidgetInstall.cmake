@@ -152,11 +152,25 @@ function(widget_install_simulator)
         endif()"
         COMPONENT simulator)
 
+    find_program(WIDGET_HELP2MAN help2man)
+    if(NOT WIDGET_HELP2MAN)
+        if(WIDGET_PACKAGES)
+            message(FATAL_ERROR "WIDGET_PACKAGES needs help2man, for the simulator's page for man.")
+        endif()
+        message(STATUS "help2man not found: the simulator will have no page for man")
+        return()
+    endif()
+    # Run by the name that it will have.
+    set(program ${PROJECT_BINARY_DIR}/${name})
     set(page ${PROJECT_BINARY_DIR}/${name}.1.gz)
-    set(script ${PROJECT_SOURCE_DIR}/cmake/manpage.sh)
     add_custom_command(OUTPUT ${page}
-        COMMAND ${script} $<TARGET_FILE:simulator> ${name} ${PROJECT_VERSION} ${page}
-        DEPENDS simulator ${script}
+        COMMAND ${CMAKE_COMMAND} -E create_symlink $<TARGET_FILE:simulator> ${program}
+        COMMAND ${WIDGET_HELP2MAN} --no-info --version-string=${PROJECT_VERSION} "--name=the device on a PC"
+            --output=${name}.1 ${program}
+        COMMAND gzip -9nf ${name}.1
+        WORKING_DIRECTORY ${PROJECT_BINARY_DIR}
+        DEPENDS simulator
+        VERBATIM
         COMMENT "Writing the page of ${name} for man")
     add_custom_target(widget-simulator-page ALL DEPENDS ${page})
     install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT simulator OPTIONAL)

@@ -64,6 +64,7 @@ QString takeZoom(Options &options, const QString &value)
 
 QString takeKeyMode(Options &options, const QString &value)
 {
+    options.hasKeyMode = true;
     if (value == QLatin1String("digits"))
         options.keyMode = KeyMode::Digits;
     else if (value == QLatin1String("functions"))
@@ -130,6 +131,10 @@ const Option optionTable[] = {
      [](Options &options, const QString &) { options.rightToLeft = true; return QString(); }},
     {"--time", "TIME", "Stop the local time at \"2026-03-07 13:05:09\".", takeTime},
     {"--log-level", "N", "Show log lines up to this level: 2 errors, 16 traces too, 128 all,\n0 none.", takeLogLevel},
+    {"--device-only", nullptr, "Show the device without the tools around it.",
+     [](Options &options, const QString &) { options.deviceOnly = true; return QString(); }},
+    {"--fresh", nullptr, "Forget which panels were open, and what was switched in them, the last time.",
+     [](Options &options, const QString &) { options.fresh = true; return QString(); }},
     {"--help", nullptr, "Print this.",
      [](Options &options, const QString &) { options.help = true; return QString(); }},
 };
@@ -266,8 +271,10 @@ QString helpText()
     }
     help += QStringLiteral(
         "\nOn the PC's keyboard: digits, *, #, F1 to F4, Return for OK, Esc, and the arrows for up,\n"
-        "down, left and right. Pictures need no display. Where none answers, a tour to the directory\n"
-        "\"pictures\" takes the place of the window.\n"
+        "down, left and right. The buttons above the device open panels that show what goes on in it.\n"
+        "What is switched there is kept for the next time, unless an option says otherwise.\n"
+        "Pictures need no display. Where none answers, a tour to the directory \"pictures\" takes the\n"
+        "place of the window.\n"
         "The exit status is 0, 1 if something could not be written or shown, or 2 if an option was\n"
         "wrong.\n");
     return help;

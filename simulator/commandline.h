@@ -22,9 +22,13 @@ struct Options
     bool withKeys = false;
     int zoom = 0;  ///< 1 to 4; 0 if not given
     KeyMode keyMode = KeyMode::Digits;
+    bool hasKeyMode = false;  ///< whether the key mode was given
     bool rightToLeft = false;
     QString time;       ///< what the local time has been stopped at; empty if it runs
     int logLevel = -1;  ///< -1 if not given
+
+    bool deviceOnly = false;  ///< no tools around the device
+    bool fresh = false;       ///< nothing is taken over from the last time
 
     bool wantsPictures() const { return !picture.isEmpty() || !tour.isEmpty(); }
 };

@@ -116,11 +116,11 @@ void DeviceWindow::addKey(const KeyButton::Face &face, const QString &letters, c
 
 void DeviceWindow::showActive()
 {
-    show();
+    window()->show();
     // Before any widget sees the PC's keys, so that only the device's way of pressing reaches them.
-    windowHandle()->installEventFilter(this);
-    activateWindow();
-    QApplication::setActiveWindow(this);
+    window()->windowHandle()->installEventFilter(this);
+    window()->activateWindow();
+    QApplication::setActiveWindow(window());
 }
 
 QImage DeviceWindow::picture()
@@ -132,6 +132,8 @@ QImage DeviceWindow::picture()
 bool DeviceWindow::eventFilter(QObject *, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
+        return false;
+    if (QApplication::activePopupWidget())
         return false;
     QKeyEvent *keyEvent = static_cast<QKeyEvent *>(event);
     const int key = keyOf(keyEvent);
@@ -190,12 +192,12 @@ void DeviceWindow::releaseAtLast()
     m_device.release(m_releasedKey);
 }
 
-void DeviceWindow::changeEvent(QEvent *event)
+bool DeviceWindow::event(QEvent *event)
 {
     // The releases of the keys that are down go to another window.
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
+    if (event->type() == QEvent::WindowDeactivate)
         m_device.forgetKeys();
-    QWidget::changeEvent(event);
+    return QWidget::event(event);
 }
 
 void DeviceWindow::paintEvent(QPaintEvent *)

@@ -14,7 +14,7 @@ class QKeyEvent;
 
 /// The device as a person sees it: its body with the magnified display and the keys.
 ///
-/// The PC's keyboard works the device's keys as long as the window has it.
+/// The PC's keyboard works the device's keys as long as the window has it, and no menu.
 class DeviceWindow : public QWidget
 {
 public:
@@ -24,7 +24,11 @@ public:
     Device &device() { return m_device; }
     int zoom() const { return m_zoom; }
 
-    /// Shows the window and makes it the active one, so that the focus works, also where nothing activates windows.
+    /// Where the magnified display is.
+    QRect display() const { return m_magnifier.geometry(); }
+
+    /// Shows the window, its own or the one that it is part of, and makes it the active one, so that the focus works,
+    /// also where nothing activates windows.
     void showActive();
 
     /// The whole device as it is now.
@@ -32,7 +36,7 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -6,6 +6,7 @@
 #include "script.h"
 #include "toolkitstart.h"
 #include "tour.h"
+#include "workbench/workbench.h"
 
 #include "platform/desktop/desktopclock.h"
 #include "platform/desktop/desktoplog.h"
@@ -69,15 +70,6 @@ int takePictures(DeviceWindow &window, const Options &options)
     return Done;
 }
 
-/// Says how to start what is being recorded.
-QString titleOfRecord(const Options &options)
-{
-    return QStringLiteral("%1 --screen %2%3%4 --keys @%5")
-        .arg(commandName(), options.screen,
-             options.keyMode == KeyMode::Functions ? QStringLiteral(" --key-mode functions") : QString(),
-             options.rightToLeft ? QStringLiteral(" --right-to-left") : QString(), options.record);
-}
-
 /// \a status, unless what has been printed did not all arrive.
 int afterPrinting(int status)
 {
@@ -85,6 +77,50 @@ int afterPrinting(int status)
         return status;
     complain(QStringLiteral("cannot write to standard output: %1.").arg(QString::fromLocal8Bit(std::strerror(errno))));
     return status == Done ? Failed : status;
+}
+
+/// What the user wants of the tools.
+Workbench::Wishes wishesOf(const Options &options)
+{
+    Workbench::Wishes wishes;
+    wishes.afresh = options.fresh;
+    if (options.hasKeyMode)
+        wishes.keyMode = options.keyMode;
+    if (options.rightToLeft)
+        wishes.rightToLeft = true;
+    if (!options.time.isEmpty())
+        wishes.time = options.time;
+    if (options.logLevel >= 0 || qEnvironmentVariableIsSet("WIDGET_LOG_LEVEL"))
+        wishes.logLevel = Desktop::logLevel();
+    return wishes;
+}
+
+bool complainOfRecord(const Options &options, const QString &error)
+{
+    if (!error.isEmpty())
+        complain(QStringLiteral("cannot write \"%1\": %2. Name another place with --record FILE.")
+                     .arg(options.record, error));
+    return !error.isEmpty();
+}
+
+/// Shows the device until the user closes its window. Returns the exit status.
+int workDevice(DeviceWindow &window, Recorder &recorder, const Options &options)
+{
+    window.showActive();
+    if (!options.record.isEmpty()) {
+        const QString title = titleOfRecord(options.record, options.screen, window.device().keyMode(),
+                                            StringRC::getInstance()->m_rightToLeft);
+        if (complainOfRecord(options, recorder.start(options.record, title)))
+            return Failed;
+    }
+    // From within the event loop, in which screens live on the device as well.
+    QTimer::singleShot(0, &window, [&] {
+        window.device().start(options.screen);
+        play(options.keys, window.device(), options.keysKeepTime ? 0 : PauseInWindow);
+    });
+    const int status = QCoreApplication::exec();
+    const bool recordFailed = recorder.fileName() == options.record && complainOfRecord(options, recorder.stop());
+    return afterPrinting(recordFailed ? int(Failed) : status);
 }
 
 }
@@ -124,28 +160,19 @@ int main(int argc, char *argv[])
     addPlugins();
     applyLook();
 
-    const auto complainOfRecord = [&options](const QString &error) {
-        if (!error.isEmpty())
-            complain(QStringLiteral("cannot write \"%1\": %2. Name another place with --record FILE.")
-                         .arg(options.record, error));
-        return !error.isEmpty();
-    };
-    DeviceWindow window(allScreens(), options.keyMode, options.zoom ? options.zoom : picturesOnly ? 1 : 2);
-    window.showActive();
-
-    Recorder recorder(window.device());
-    if (!options.record.isEmpty() && complainOfRecord(recorder.start(options.record, titleOfRecord(options))))
-        return Failed;
-
-    // From within the event loop, in which screens live on the device as well.
-    QTimer::singleShot(0, &window, [&] {
-        if (picturesOnly) {
-            QCoreApplication::exit(takePictures(window, options));
-        } else {
-            window.device().start(options.screen);
-            play(options.keys, window.device(), options.keysKeepTime ? 0 : PauseInWindow);
-        }
-    });
-    const int status = application.exec();
-    return afterPrinting(complainOfRecord(recorder.stop()) ? int(Failed) : status);
+    if (picturesOnly) {
+        DeviceWindow window(allScreens(), options.keyMode, options.zoom ? options.zoom : 1);
+        window.showActive();
+        // From within the event loop, in which screens live on the device as well.
+        QTimer::singleShot(0, &window, [&] { QCoreApplication::exit(takePictures(window, options)); });
+        return afterPrinting(application.exec());
+    }
+    const int zoom = options.zoom ? options.zoom : 2;
+    if (options.deviceOnly) {
+        DeviceWindow window(allScreens(), options.keyMode, zoom);
+        Recorder recorder(window.device());
+        return workDevice(window, recorder, options);
+    }
+    Workbench workbench(allScreens(), options.screen, zoom, wishesOf(options));
+    return workDevice(workbench.deviceWindow(), workbench.recorder(), options);
 }

@@ -1,7 +1,16 @@
 #include "recorder.h"
 
+#include "commandline.h"
 #include "device.h"
 #include "script.h"
+
+QString titleOfRecord(const QString &name, const QString &screen, KeyMode keyMode, bool rightToLeft)
+{
+    return QStringLiteral("%1 --screen %2%3%4 --keys @%5")
+        .arg(commandName(), screen,
+             keyMode == KeyMode::Functions ? QStringLiteral(" --key-mode functions") : QString(),
+             rightToLeft ? QStringLiteral(" --right-to-left") : QString(), name);
+}
 
 Recorder::Recorder(Device &device)
 {
@@ -23,6 +32,7 @@ QString Recorder::start(const QString &name, const QString &title)
     m_lastTime = 0;
     m_error.clear();
     m_file.write(QStringLiteral("// %1\n").arg(title).toUtf8());
+    emit recordingChanged(true);
     return QString();
 }
 
@@ -32,6 +42,7 @@ QString Recorder::stop()
         return QString();
     writePress();
     m_file.close();
+    emit recordingChanged(false);
     return m_error;
 }
 
@@ -67,8 +78,8 @@ void Recorder::writePress()
 void Recorder::write(int key, const char *part, qint64 time)
 {
     QString line;
-    for (qint64 wait = time - m_lastTime; wait > 0; wait -= LongestWait)
-        line += QStringLiteral("wait:%1 ").arg(qMin<qint64>(wait, LongestWait));
+    for (qint64 wait = time - m_lastTime; wait > 0; wait -= LongestScriptWait)
+        line += QStringLiteral("wait:%1 ").arg(qMin<qint64>(wait, LongestScriptWait));
     m_lastTime = time;
     line += keyName(key) + QLatin1String(part) + QLatin1Char('\n');
     // At once, so that nothing is lost whatever happens to the simulator.

@@ -9,6 +9,10 @@
 
 class Device;
 
+/// The title of a record in the file \a name: how to start the simulator so that a device which begins with \a screen is
+/// worked again in the same way.
+QString titleOfRecord(const QString &name, const QString &screen, KeyMode keyMode, bool rightToLeft);
+
 /// Writes what is done to a device's keys as a script (see script.h), with the time between, while it is done.
 ///
 /// A key that goes down and comes up with nothing between is one word, and the time that it was down is part of the wait
@@ -29,6 +33,10 @@ public:
     QString stop();
 
     bool isRecording() const { return m_file.isOpen(); }
+    QString fileName() const { return m_file.fileName(); }
+
+Q_SIGNALS:
+    void recordingChanged(bool isRecording);
 
 private:
     void keyMoved(int key, KeyMove move);

@@ -42,9 +42,9 @@ ScriptStep parseStep(const QString &word, QString *error)
     if (name.compare(QLatin1String("wait"), Qt::CaseInsensitive) == 0) {
         bool isNumber = false;
         step.milliseconds = detail.toInt(&isNumber);
-        if (!isNumber || step.milliseconds < 0 || step.milliseconds > LongestWait)
+        if (!isNumber || step.milliseconds < 0 || step.milliseconds > LongestScriptWait)
             *error = QStringLiteral("\"%1\" is no wait. Write wait:N, with 0 to %2 milliseconds.")
-                         .arg(word).arg(LongestWait);
+                         .arg(word).arg(LongestScriptWait);
         return step;
     }
 

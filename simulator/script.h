@@ -22,12 +22,12 @@ struct ScriptStep
 using Script = std::vector<ScriptStep>;
 
 /// The longest wait that one step can be, in milliseconds.
-const int LongestWait = 60000;
+const int LongestScriptWait = 60000;
 
 /// Reads a script such as "8 8 6 OK 8:long wait:250": names of keys (see keyNamed()), each of which may be held for
-/// 12 auto-repeats by ":long", and waits in milliseconds. "8:press", "8:repeat" and "8:release" are the parts of
-/// it; "8:forget" ends it without a release. From "//" to the end of a line is for people only. What is wrong and what would be right goes into \a error, which
-/// stays empty if all is well.
+/// 12 auto-repeats by ":long", and waits in milliseconds. "8:press", "8:repeat" and "8:release" are the parts of it;
+/// "8:forget" ends it without a release. From "//" to the end of a line is for people only. What is wrong and what would
+/// be right goes into \a error, which stays empty if all is well.
 Script parseScript(const QString &text, QString *error);
 
 /// Reads the script in the file \a name. An \a error says in which line.

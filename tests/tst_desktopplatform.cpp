@@ -14,12 +14,14 @@
 
 #include <QtTest>
 
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cmath>
 #include <cstring>
 #include <functional>
 #include <future>
+#include <memory>
 #include <pthread.h>
 #include <signal.h>
 #include <sys/resource.h>
@@ -136,9 +138,12 @@ private slots:
     void logKeepsErrno();
     void filteredLogLineIsNotFormatted();
     void recentLogLinesAreBounded();
+    void logListenerHearsEachLineThatIsShown();
+    void logListenerIsLeftInPeace();
 
     void soundIdsAreReadable();
     void recentSoundsAreBounded();
+    void soundListenerHearsEachSound();
     void playingNeverBlocks();
     void mutedSoundIsCounted();
     void noAudioIsSilentAndKeepsNobodyFromExiting_data();
@@ -171,6 +176,12 @@ private slots:
     void watcherSleeps_data();
     void watcherSleeps();
     void processExitsWithThreadsStillWatched();
+    void heldThreadHangsUntilItIsReleased();
+    void heldThreadIsReleasedWhenItsHolderWaits();
+    void heldThreadStaysWhereOthersWait();
+    void threadsOfOneNameAreHeldApart();
+    void threadThatIsNotThereIsNotHeld();
+    void processExitsWithThreadsStillHeld();
 
     void delaySleepsForTheTimeGiven();
     void delayIsNotCutShortBySignals();
@@ -179,6 +190,7 @@ private slots:
     void localTimeBeyondTheCalendarIsNotNull();
     void fixedLocalTimeHoldsForAnyTime();
     void fixedLocalTimeHoldsInEveryThread();
+    void fixedLocalTimeIsTold();
     void fixedLocalTimeTakesValidTextsOnly_data();
     void fixedLocalTimeTakesValidTextsOnly();
     void tickCountsSecondsSinceStart();
@@ -356,6 +368,47 @@ void TestDesktopPlatform::recentLogLinesAreBounded()
     QCOMPARE(QString::fromStdString(recent.back()), errors.lines().last());
 }
 
+void TestDesktopPlatform::logListenerHearsEachLineThatIsShown()
+{
+    CapturedErrors errors;
+    QStringList heard;
+    QList<int> levels;
+    Desktop::setLogLevel(16);
+    Desktop::setLogListener([&](int level, const std::string &line) {
+        levels += level;
+        heard += QString::fromStdString(line);
+    });
+    Logging::log(Logging::LogError, "first");
+    Logging::log(Logging::LogNotice, "filtered");
+    inThread([] { Logging::log(Logging::LogTrace, "second"); });
+    Desktop::setLogListener({});
+    Logging::log(Logging::LogError, "unheard");
+    QCOMPARE(levels, (QList<int>{2, 16}));
+    QCOMPARE(heard, errors.lines().mid(0, 2));
+    QCOMPARE(errors.lines().size(), 3);
+}
+
+void TestDesktopPlatform::logListenerIsLeftInPeace()
+{
+    // What a listener uses may go as soon as it is none any more, also while others log.
+    CapturedErrors errors;
+    std::atomic<bool> done(false);
+    std::thread other([&] {
+        while (!done)
+            Logging::log(Logging::LogError, "busy");
+    });
+    for (int i = 0; i < 200; ++i) {
+        const auto heard = std::make_unique<QStringList>();
+        Desktop::setLogListener([&heard](int, const std::string &line) { *heard += QString::fromStdString(line); });
+        std::this_thread::yield();
+        Desktop::setLogListener({});
+        for (const QString &line : *heard)
+            QVERIFY2(line.endsWith("busy"), qPrintable(line));
+    }
+    done = true;
+    other.join();
+}
+
 void TestDesktopPlatform::soundIdsAreReadable()
 {
     SoundManager *manager = SoundManager::getInstance();
@@ -377,6 +430,17 @@ void TestDesktopPlatform::recentSoundsAreBounded()
     QCOMPARE(recent.size(), std::size_t(32));
     QCOMPARE(recent.front(), 8);
     QCOMPARE(recent.back(), 39);
+}
+
+void TestDesktopPlatform::soundListenerHearsEachSound()
+{
+    std::vector<int> heard;
+    Desktop::setSoundListener([&heard](int id) { heard.push_back(id); });
+    SoundManager::getInstance()->sndPlay(901);
+    inThread([] { SoundManager::getInstance()->sndPlay(925); });
+    Desktop::setSoundListener({});
+    SoundManager::getInstance()->sndPlay(872);
+    QCOMPARE(heard, (std::vector<int>{901, 925}));
 }
 
 void TestDesktopPlatform::playingNeverBlocks()
@@ -797,6 +861,137 @@ void TestDesktopPlatform::processExitsWithThreadsStillWatched()
     QCOMPARE(child.errors, QString());
 }
 
+namespace {
+
+/// A thread that kicks the watchdog until it is told to end.
+class Kicker
+{
+public:
+    explicit Kicker(const std::string &name)
+        : m_thread([this, name] {
+              Util::startWatchThread(name);
+              while (!m_end) {
+                  Util::kickDog(name);
+                  ++m_kicks;
+                  Util::delayMs(1);
+              }
+              Util::stopWatchThread(name);
+          })
+    {
+    }
+
+    ~Kicker()
+    {
+        m_end = true;
+        m_thread.join();
+    }
+
+    int kicks() const { return m_kicks; }
+
+private:
+    std::atomic<bool> m_end = false;
+    std::atomic<int> m_kicks = 0;
+    std::thread m_thread;
+};
+
+/// Returns when the kicker hangs, which it does at a kick.
+bool hangs(const Kicker &kicker, std::size_t index = 0)
+{
+    Desktop::setWatchTimeout(20ms);
+    if (!QTest::qWaitFor([index] { return Desktop::watchedThreads()[index].hanging; }, LongestWait))
+        return false;
+    Desktop::setWatchTimeout(24h);
+    const int kicks = kicker.kicks();
+    passTime(50);
+    return kicker.kicks() == kicks;
+}
+
+}
+
+void TestDesktopPlatform::heldThreadHangsUntilItIsReleased()
+{
+    CapturedErrors errors;
+    Kicker kicker("worker");
+    EVENTUALLY(kicker.kicks() > 0);
+    const Desktop::WatchedThread before = Desktop::watchedThreads()[0];
+    QVERIFY(!before.held);
+
+    Desktop::holdThread(before.id);
+    QVERIFY(Desktop::watchedThreads()[0].held);
+    QVERIFY(hangs(kicker));
+    QCOMPARE(errors.lines().filter("\"worker\" has not answered for").size(), 1);
+
+    const int kicks = kicker.kicks();
+    Desktop::releaseThread(before.id);
+    EVENTUALLY(kicker.kicks() > kicks);
+    QVERIFY(!Desktop::watchedThreads()[0].held);
+    QVERIFY(!Desktop::watchedThreads()[0].hanging);
+    QCOMPARE(errors.lines().filter("\"worker\" answers again after").size(), 1);
+}
+
+void TestDesktopPlatform::heldThreadIsReleasedWhenItsHolderWaits()
+{
+    CapturedErrors errors;
+    Kicker kicker("worker");
+    EVENTUALLY(kicker.kicks() > 0);
+    Desktop::holdThread(Desktop::watchedThreads()[0].id);
+    QVERIFY(hangs(kicker));
+    const int kicks = kicker.kicks();
+    Util::delayMs(0);
+    QVERIFY(!Desktop::watchedThreads()[0].held);
+    EVENTUALLY(kicker.kicks() > kicks);
+}
+
+void TestDesktopPlatform::heldThreadStaysWhereOthersWait()
+{
+    CapturedErrors errors;
+    Kicker kicker("worker");
+    EVENTUALLY(kicker.kicks() > 0);
+    Desktop::holdThread(Desktop::watchedThreads()[0].id);
+    QVERIFY(hangs(kicker));
+    inThread([] { Util::delayMs(0); });
+    inThread([] { Desktop::releaseThreads(); });
+    QVERIFY(Desktop::watchedThreads()[0].held);
+    Desktop::releaseThreads();
+    QVERIFY(!Desktop::watchedThreads()[0].held);
+}
+
+void TestDesktopPlatform::threadsOfOneNameAreHeldApart()
+{
+    CapturedErrors errors;
+    Kicker first("worker");
+    EVENTUALLY(first.kicks() > 0);
+    Kicker second("worker");
+    EVENTUALLY(second.kicks() > 0);
+    Desktop::holdThread(Desktop::watchedThreads()[1].id);
+    QVERIFY(hangs(second, 1));
+    const int kicks = first.kicks();
+    EVENTUALLY(first.kicks() > kicks + 5);
+    QVERIFY(!Desktop::watchedThreads()[0].held);
+    Desktop::releaseThreads();
+}
+
+void TestDesktopPlatform::threadThatIsNotThereIsNotHeld()
+{
+    Util::startWatchThread("gone");
+    const unsigned int gone = Desktop::watchedThreads()[0].id;
+    Util::stopWatchThread("gone");
+    Desktop::holdThread(gone);
+    Desktop::releaseThread(gone);
+    Util::startWatchThread("gone");
+    QVERIFY(Desktop::watchedThreads()[0].id != gone);
+    QVERIFY(!Desktop::watchedThreads()[0].held);
+    Util::kickDog("gone");
+    Util::stopWatchThread("gone");
+}
+
+void TestDesktopPlatform::processExitsWithThreadsStillHeld()
+{
+    const ChildResult child = runChild({"hold-and-exit"});
+    QVERIFY(child.exitedWell);
+    QCOMPARE(child.output, QString("went on"));
+}
+
 void TestDesktopPlatform::delaySleepsForTheTimeGiven()
 {
     QElapsedTimer timer;
@@ -900,6 +1095,17 @@ void TestDesktopPlatform::fixedLocalTimeHoldsInEveryThread()
     QCOMPARE(record.tm_yday, 365);
 }
 
+void TestDesktopPlatform::fixedLocalTimeIsTold()
+{
+    QCOMPARE(Desktop::fixedLocalTime(), std::string());
+    QVERIFY(Desktop::setFixedLocalTime("2026-03-07 13:05:09"));
+    QCOMPARE(Desktop::fixedLocalTime(), std::string("2026-03-07 13:05:09"));
+    QVERIFY(!Desktop::setFixedLocalTime("2026-03-32 13:05:09"));
+    QCOMPARE(Desktop::fixedLocalTime(), std::string("2026-03-07 13:05:09"));
+    Desktop::clearFixedLocalTime();
+    QCOMPARE(Desktop::fixedLocalTime(), std::string());
+}
+
 void TestDesktopPlatform::fixedLocalTimeTakesValidTextsOnly_data()
 {
     QTest::addColumn<QString>("text");
@@ -962,8 +1168,10 @@ void TestDesktopPlatform::tickCountsSecondsSinceStart()
 void TestDesktopPlatform::clockChipFailsWhenTold()
 {
     const unsigned int before = Desktop::clockChipCalls();
+    QVERIFY(Desktop::isClockChipWorking());
     QVERIFY(set_time() != 0);
     Desktop::setClockChipWorking(false);
+    QVERIFY(!Desktop::isClockChipWorking());
     QCOMPARE(set_time(), 0);
     Desktop::setClockChipWorking(true);
     QVERIFY(set_time() != 0);
@@ -992,7 +1200,9 @@ void TestDesktopPlatform::everythingMayBeCalledFromManyThreads()
                 Desktop::setClockChipWorking(true);
                 Desktop::recentSounds();
                 Desktop::recentLogLines();
-                Desktop::watchedThreads();
+                for (const Desktop::WatchedThread &thread : Desktop::watchedThreads())
+                    Desktop::holdThread(thread.id);
+                Desktop::releaseThreads();
                 get_system_tick();
                 set_time();
                 Util::delayMs(i % 3);
@@ -1044,6 +1254,19 @@ int runJob(const QStringList &job)
         Desktop::setWatchTimeout(24h);
         Util::startWatchThread("main");
         inThread([] { Util::startWatchThread("gone"); });
+        return 0;
+    }
+    if (job[0] == "hold-and-exit") {
+        // Where the platform leaves first, as it has come last.
+        static Kicker *kicker = nullptr;
+        std::atexit([] {
+            delete kicker;
+            printf("went on");
+        });
+        kicker = new Kicker("worker");
+        while (kicker->kicks() == 0)
+            std::this_thread::yield();
+        Desktop::holdThread(Desktop::watchedThreads()[0].id);
         return 0;
     }
     return 1;

@@ -238,9 +238,9 @@ void TestSimulatorScripts::timeBetweenKeysIsRecorded()
 void TestSimulatorScripts::longTimeIsSeveralWaits()
 {
     QString error;
-    parseScript(QStringLiteral("wait:%1").arg(LongestWait), &error);
+    parseScript(QStringLiteral("wait:%1").arg(LongestScriptWait), &error);
     QCOMPARE(error, QString());
-    parseScript(QStringLiteral("wait:%1").arg(LongestWait + 1), &error);
+    parseScript(QStringLiteral("wait:%1").arg(LongestScriptWait + 1), &error);
     QVERIFY(!error.isEmpty());
 }
 

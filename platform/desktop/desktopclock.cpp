@@ -1,5 +1,6 @@
 #include "platform/desktop/desktopclock.h"
 
+#include "platform/desktop/desktopwatchdog.h"
 #include "platform/systemtime.h"
 #include "platform/util.h"
 
@@ -20,6 +21,13 @@ std::atomic<unsigned int> chipCalls(0);
 std::mutex fixedTimeMutex;
 std::optional<tm> fixedTime;
 
+std::string written(const tm &time)
+{
+    char text[32];
+    std::strftime(text, sizeof(text), "%Y-%m-%d %H:%M:%S", &time);
+    return text;
+}
+
 std::optional<tm> parsed(const std::string &text)
 {
     tm time = {};
@@ -28,10 +36,7 @@ std::optional<tm> parsed(const std::string &text)
     time.tm_year -= 1900;
     time.tm_mon -= 1;
     timegm(&time);  // works out the days of the week and year, and carries over what is out of range
-
-    char sameTime[32];
-    std::strftime(sameTime, sizeof(sameTime), "%Y-%m-%d %H:%M:%S", &time);
-    return text == sameTime ? std::optional<tm>(time) : std::nullopt;
+    return text == written(time) ? std::optional<tm>(time) : std::nullopt;
 }
 
 }
@@ -52,9 +57,20 @@ void Desktop::clearFixedLocalTime()
     fixedTime.reset();
 }
 
+std::string Desktop::fixedLocalTime()
+{
+    std::lock_guard<std::mutex> lock(fixedTimeMutex);
+    return fixedTime ? written(*fixedTime) : std::string();
+}
+
 void Desktop::setClockChipWorking(bool working)
 {
     chipWorking = working;
+}
+
+bool Desktop::isClockChipWorking()
+{
+    return chipWorking;
 }
 
 unsigned int Desktop::clockChipCalls()
@@ -64,6 +80,7 @@ unsigned int Desktop::clockChipCalls()
 
 void Util::delayMs(unsigned long ms)
 {
+    Desktop::releaseThreads();
     timespec rest;
     rest.tv_sec = time_t(ms / 1000);
     rest.tv_nsec = long(ms % 1000) * 1000000;

@@ -16,8 +16,12 @@ bool setFixedLocalTime(const std::string &text);
 /// Lets the local time run again.
 void clearFixedLocalTime();
 
+/// What the local time stands at, in the same form; empty if it runs.
+std::string fixedLocalTime();
+
 /// Says whether set_time() succeeds; it does at start.
 void setClockChipWorking(bool working);
+bool isClockChipWorking();
 
 /// How often set_time() has been called.
 unsigned int clockChipCalls();

@@ -12,6 +12,7 @@
 #include <mutex>
 #include <pthread.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -38,6 +39,7 @@ struct Sink
 {
     std::mutex mutex;
     std::deque<std::string> recent;
+    Desktop::LogListener listener;
 };
 
 Sink &sink()
@@ -129,6 +131,8 @@ void Logging::log(LogLevel level, const char *format, ...)
         if (out.recent.size() > recentMaximum)
             out.recent.pop_front();
         writeWhole(line + '\n');
+        if (out.listener)
+            out.listener(level, line);
     }
     errno = callersErrno;
 }
@@ -147,4 +151,10 @@ std::vector<std::string> Desktop::recentLogLines()
 {
     std::lock_guard<std::mutex> lock(sink().mutex);
     return std::vector<std::string>(sink().recent.begin(), sink().recent.end());
+}
+
+void Desktop::setLogListener(LogListener listener)
+{
+    std::lock_guard<std::mutex> lock(sink().mutex);
+    std::swap(sink().listener, listener);
 }

@@ -1,6 +1,7 @@
 #ifndef DESKTOPLOG_H
 #define DESKTOPLOG_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,11 @@ int logLevel();
 
 /// The last lines shown, newest last, at most 100.
 std::vector<std::string> recentLogLines();
+
+/// Is called with each line shown and its level, by the thread that logs it, one line at a time. It must not log itself.
+/// Once setLogListener() has returned, the earlier one is not called any more. None at start; a null one is none.
+using LogListener = std::function<void(int level, const std::string &line)>;
+void setLogListener(LogListener listener);
 
 }
 

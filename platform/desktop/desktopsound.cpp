@@ -12,6 +12,7 @@
 #include <mutex>
 #include <optional>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -32,6 +33,7 @@ struct Player
     std::optional<int> next;
     std::deque<int> recent;
     std::size_t count = 0;
+    Desktop::SoundListener listener;
 };
 
 Player &player()
@@ -105,6 +107,8 @@ void SoundManager::sndPlay(int id)
     p.recent.push_back(id);
     if (p.recent.size() > recentMaximum)
         p.recent.pop_front();
+    if (p.listener)
+        p.listener(id);
     if (p.muted || p.ending || p.state == Player::Ended)
         return;
     p.next = id;
@@ -137,4 +141,10 @@ std::size_t Desktop::soundCount()
 {
     Lock lock(player().mutex);
     return player().count;
+}
+
+void Desktop::setSoundListener(SoundListener listener)
+{
+    Lock lock(player().mutex);
+    std::swap(player().listener, listener);
 }

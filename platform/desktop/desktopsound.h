@@ -2,6 +2,7 @@
 #define DESKTOPSOUND_H
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 /// What a PC adds to the sound service (platform/soundmanager.h). Callable from any thread.
@@ -19,6 +20,11 @@ std::vector<int> recentSounds();
 
 /// How many sounds there have been since the start of the process.
 std::size_t soundCount();
+
+/// Is called with the id of each sound, by the thread that plays it, one at a time. It must not play itself. Once
+/// setSoundListener() has returned, the earlier one is not called any more. None at start; a null one is none.
+using SoundListener = std::function<void(int id)>;
+void setSoundListener(SoundListener listener);
 
 }
 

@@ -4,6 +4,7 @@
 #include "platform/util.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <condition_variable>
 #include <cstdlib>
@@ -17,10 +18,12 @@ using Lock = std::unique_lock<std::mutex>;
 
 struct Registration
 {
+    unsigned int id;
     std::string name;
     std::thread::id thread;
     Clock::time_point lastKick;
     bool hanging;
+    std::thread::id holder;  // that of no thread if it is not held
 };
 using Registrations = std::vector<Registration>;
 
@@ -28,10 +31,13 @@ struct Watchdog
 {
     std::mutex mutex;
     std::condition_variable wake;
+    std::condition_variable released;
     std::thread watcher;
     bool ending = false;
     std::chrono::milliseconds timeout = std::chrono::seconds(5);
     Registrations registrations;
+    unsigned int lastId = 0;
+    std::atomic<bool> someHeld = false;  // may still be true when none is any more
 };
 
 Watchdog &watchdog()
@@ -85,11 +91,19 @@ void watch()
     }
 }
 
+void release(Registration &registration)
+{
+    registration.holder = std::thread::id();
+    watchdog().released.notify_all();
+}
+
 void end()
 {
     {
         Lock lock(watchdog().mutex);
         watchdog().ending = true;
+        for (Registration &r : watchdog().registrations)
+            release(r);
         watchdog().wake.notify_one();
     }
     watchdog().watcher.join();
@@ -101,6 +115,12 @@ Registrations::iterator findOwn(const std::string &name)
     const auto self = std::this_thread::get_id();
     return std::find_if(all.begin(), all.end(),
                         [&](const Registration &r) { return r.name == name && r.thread == self; });
+}
+
+Registrations::iterator findById(unsigned int id)
+{
+    Registrations &all = watchdog().registrations;
+    return std::find_if(all.begin(), all.end(), [id](const Registration &r) { return r.id == id; });
 }
 
 // Returns the kicked registration, or the end.
@@ -133,7 +153,7 @@ void Util::startWatchThread(const std::string &name)
     const auto earlier = findOwn(name);
     if (earlier != w.registrations.end())
         w.registrations.erase(earlier);
-    w.registrations.push_back({name, std::this_thread::get_id(), Clock::now(), false});
+    w.registrations.push_back({++w.lastId, name, std::this_thread::get_id(), Clock::now(), false, {}});
     if (!w.watcher.joinable() && !w.ending) {
         w.watcher = std::thread(watch);
         std::atexit(end);
@@ -144,6 +164,10 @@ void Util::startWatchThread(const std::string &name)
 void Util::kickDog(const std::string &name)
 {
     Lock lock(watchdog().mutex);
+    watchdog().released.wait(lock, [&name] {
+        const auto own = findOwn(name);
+        return own == watchdog().registrations.end() || own->holder == std::thread::id();
+    });
     kick(name, "kickDog");
 }
 
@@ -160,8 +184,43 @@ std::vector<Desktop::WatchedThread> Desktop::watchedThreads()
     Lock lock(watchdog().mutex);
     std::vector<WatchedThread> threads;
     for (const Registration &r : watchdog().registrations)
-        threads.push_back({r.name, secondsSinceKick(r), r.hanging});
+        threads.push_back({r.id, r.name, secondsSinceKick(r), r.hanging, r.holder != std::thread::id()});
     return threads;
+}
+
+void Desktop::holdThread(unsigned int id)
+{
+    Watchdog &w = watchdog();
+    Lock lock(w.mutex);
+    const auto found = findById(id);
+    if (found == w.registrations.end() || w.ending)
+        return;
+    found->holder = std::this_thread::get_id();
+    w.someHeld = true;
+}
+
+void Desktop::releaseThread(unsigned int id)
+{
+    Lock lock(watchdog().mutex);
+    const auto found = findById(id);
+    if (found != watchdog().registrations.end())
+        release(*found);
+}
+
+void Desktop::releaseThreads()
+{
+    Watchdog &w = watchdog();
+    if (!w.someHeld)
+        return;
+    Lock lock(w.mutex);
+    const auto none = std::thread::id();
+    bool someAreLeft = false;
+    for (Registration &r : w.registrations) {
+        if (r.holder == std::this_thread::get_id())
+            release(r);
+        someAreLeft = someAreLeft || r.holder != none;
+    }
+    w.someHeld = someAreLeft;
 }
 
 void Desktop::setWatchTimeout(std::chrono::milliseconds timeout)

@@ -14,13 +14,24 @@ namespace Desktop {
 
 struct WatchedThread
 {
+    unsigned int id;  ///< no other registration's
     std::string name;
     double secondsSinceKick;
     bool hanging;  ///< not kicked in time
+    bool held;     ///< by holdThread()
 };
 
 /// The watched threads in the order of their registration.
 std::vector<WatchedThread> watchedThreads();
+
+/// Makes the watched thread \a id hang: it does not return from its next kick until it is released. Ignored where no
+/// thread has the id any more.
+void holdThread(unsigned int id);
+void releaseThread(unsigned int id);
+
+/// Releases all threads that the calling one holds. Util::delayMs() does that too: who waits may be waiting for them to
+/// end. At exit all are released.
+void releaseThreads();
 
 /// How long a thread may go without a kick: 5 s at start, from 1 ms to 24 h (a value beyond counts as the nearest).
 /// Holds at once also for the threads already registered.

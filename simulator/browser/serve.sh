@@ -73,7 +73,7 @@ serve_in_browser()
     local simulator=$1 status
     shift
     # A window takes 2 and a picture 1 if no zoom is given.
-    set -- --zoom 2 "$@"
+    set -- --device-only --zoom 2 "$@"
     servants=()
     display=
     place=$(mktemp -d) || return

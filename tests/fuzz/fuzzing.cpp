@@ -68,10 +68,15 @@ void Fuzzing::setUp()
 
 void Fuzzing::runInput(const QString &name, const unsigned char *data, size_t size, bool verbose)
 {
-    Bytes bytes(data, size);
-    Target *target = newTarget(name);
-    target->run(bytes, verbose);
-    delete target;
+    // The toolkit measures a text otherwise once it has looked for fonts that have its characters. So where pictures
+    // differ, all is done again with what it has found then.
+    bool looksAlike = false;
+    for (int attempt = 0; attempt < 2 && !looksAlike; ++attempt) {
+        Bytes bytes(data, size);
+        Target *target = newTarget(name);
+        looksAlike = target->run(bytes, verbose, attempt == 1);
+        delete target;
+    }
     QPixmapCache::clear();
     checkHeap();
 }

@@ -40,8 +40,9 @@ public:
     Target();
     virtual ~Target();
 
-    /// Does all that \a bytes say, with a line for each step on the standard output if \a verbose.
-    void run(Bytes &bytes, bool verbose);
+    /// Does all that \a bytes say, with a line for each step on the standard output if \a verbose. Returns false if the
+    /// widget has looked otherwise than a new one; ends the process instead if they \a mustLookAlike.
+    bool run(Bytes &bytes, bool verbose, bool mustLookAlike);
 
     /// Steps that were done and pictures that were compared, by all targets.
     static long s_stepCount;
@@ -126,6 +127,8 @@ private:
     Bytes *m_bytes;
     bool m_verbose;
     bool m_tame;
+    bool m_mustLookAlike;
+    bool m_looksAlike;
     bool m_meddling;
     bool m_entangled;  // calls have come while another one was under way
     bool m_dying;

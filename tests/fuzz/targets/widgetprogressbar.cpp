@@ -1,6 +1,8 @@
 #include "target.h"
 #include "widgetprogressbar.h"
 
+#include <QProgressBar>
+
 namespace {
 
 class WidgetProgressBarTarget : public SetterTarget<WidgetProgressBar>
@@ -9,6 +11,13 @@ protected:
     virtual QWidget *create(QWidget *)
     {
         return make([](QWidget *parent) { return new WidgetProgressBar(parent); });
+    }
+
+    /// A bar without a range moves as time passes, so a new one is at another place.
+    virtual QWidget *fresh(QWidget *parent)
+    {
+        const QProgressBar *bar = it()->findChild<QProgressBar *>();
+        return bar && bar->minimum() == bar->maximum() ? 0 : SetterTarget<WidgetProgressBar>::fresh(parent);
     }
 
     virtual void call()
