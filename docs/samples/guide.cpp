@@ -134,6 +134,41 @@ SAMPLE(guide_saving, 220, 176, Paper)
     //! [guide_saving]
 }
 
+SAMPLE(guide_deeper, 220, 176, Paper)
+{
+    //! [guide_deeper]
+    WidgetList *menu = new WidgetList(1, screen, SoundManager::getInstance());
+    menu->resize(220, 176);
+    menu->setTitle("Settings", true);
+    WidgetListItem *sound = new WidgetListItem(menu, SoundManager::getInstance());
+    sound->resize(220, 46);
+    sound->setTitle("Sound", true);
+    sound->setMoreDepth(true);
+    menu->addListItem(sound);
+
+    QObject::connect(sound, &WidgetListItem::doEnter, menu, [screen, sound] {
+        WidgetList *deeper = new WidgetList(1, screen, SoundManager::getInstance());
+        deeper->resize(220, 176);
+        deeper->setAutoFillBackground(true);  // the menu stays below it
+        deeper->setTitle("Sound", true);
+        WidgetListItem *bass = new WidgetListItem(deeper, SoundManager::getInstance());
+        bass->resize(220, 46);
+        bass->setTitle("Bass", true);
+        bass->addValue("Middle");
+        bass->addValue("More");
+        deeper->addListItem(bass);
+
+        QObject::connect(deeper, &Widget::finished, sound, [deeper, sound] {
+            deeper->deleteLater();
+            sound->setFocus();
+        });
+        deeper->show();  // takes the focus
+    });
+
+    press(screen, Qt::Key_6);  // right
+    //! [guide_deeper]
+}
+
 // Long lists
 
 namespace {
@@ -215,6 +250,30 @@ SAMPLE(guide_keypad, 220, 176, Paper)
     press(screen, Qt::Key_5, 2);        // k
     press(screen, Qt::Key_NumberSign);  // on to the digits
     //! [guide_keypad_pages]
+}
+
+SAMPLE(guide_ready, 220, 40, Paper)
+{
+    //! [guide_ready]
+    QLabel *message = new QLabel(screen);
+    message->setGeometry(10, 10, 200, 20);
+
+    WidgetKeypad *keypad = new WidgetKeypad(screen, SoundManager::getInstance());
+    keypad->setKeyText(0, 1, 0, "ghi4");
+    keypad->setKeyMap(Qt::Key_4, 1, 0);
+    keypad->setLineTextHeight(38);
+    keypad->setBgGeometry(0, 0, 220, 176);
+    keypad->setFocus();
+
+    QObject::connect(keypad, &WidgetKeypad::ready, message, [message](const QString &text) {
+        message->setText("Sent: " + text);
+    });
+    QObject::connect(keypad, &WidgetKeypad::ready, keypad, &QObject::deleteLater);
+    QObject::connect(keypad, &WidgetKeypad::cancel, keypad, &QObject::deleteLater);
+
+    press(screen, Qt::Key_4, 2);  // h
+    press(screen, Qt::Key_Menu);  // OK
+    //! [guide_ready]
 }
 
 // Clock and threads

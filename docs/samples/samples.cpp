@@ -20,14 +20,20 @@ std::vector<Sample> &samples()
     return all;
 }
 
+/// Lays out, dresses and deletes, but lets no time pass: on a busy machine a key would no longer be lit.
+void settle()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 void show(QWidget *screen)
 {
     if (!screen->isVisible()) {
         screen->show();
         QApplication::setActiveWindow(screen);
     }
-    // Lays out and dresses, but lets no time pass: on a busy machine a key would no longer be lit.
-    QCoreApplication::sendPostedEvents();
+    settle();
 }
 
 }
@@ -53,7 +59,7 @@ void press(QWidget *screen, int key, int times)
             QKeyEvent event(type, key, Qt::NoModifier);
             QApplication::sendEvent(screen->focusWidget() ? screen->focusWidget() : screen, &event);
         }
-        QCoreApplication::sendPostedEvents();
+        settle();
     }
 }
 
