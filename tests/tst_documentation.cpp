@@ -321,6 +321,10 @@ private slots:
     void linksLeadSomewhere();
     void namesFilesThatExist_data() { addPages(pagesIn("guide") + pagesIn("classes")); }
     void namesFilesThatExist();
+    void namesWhatTheHeadersHave_data() { addPages(allPages()); }
+    void namesWhatTheHeadersHave();
+    void tellsLogLinesThatAreWritten_data() { addPages(pagesIn("guide")); }
+    void tellsLogLinesThatAreWritten();
 };
 
 void TestDocumentation::everyClassHasItsPage()
@@ -551,6 +555,45 @@ void TestDocumentation::namesFilesThatExist()
     QFETCH(QString, text);
     for (const QString &file : captures("`((?:simulator|platform|ui|tests|forms|cmake)/[\\w./]+)`", text))
         QVERIFY2(QFileInfo::exists(QStringLiteral(SOURCE_DIRECTORY "/") + file), qPrintable(file));
+}
+
+void TestDocumentation::namesWhatTheHeadersHave()
+{
+    QFETCH(QString, text);
+    QMap<QString, QString> headerOf;
+    QString all;
+    for (const char *directory : {"ui/view/widget/", "platform/"}) {
+        for (const QString &name : QDir(QStringLiteral(SOURCE_DIRECTORY "/") + directory).entryList({"*.h"})) {
+            const QString header = readFile(directory + name);
+            all += header;
+            for (const QString &className : captures("^class (?:WIDGET_EXPORT|PLATFORM_API) (\\w+)", header))
+                headerOf[className] = header;
+        }
+    }
+    for (const QRegularExpressionMatch &match : matches("\\b(\\w+)::(\\w+)", text)) {
+        if (headerOf.contains(match.captured(1))) {
+            const QRegularExpression member("\\b" + match.captured(2) + "\\b");
+            QVERIFY2(headerOf.value(match.captured(1)).contains(member), qPrintable(match.captured()));
+        }
+    }
+    for (const QString &member : captures("\\b(m_\\w+)", text))
+        QVERIFY2(all.contains(QRegularExpression("\\b" + member + "\\b")), qPrintable(member));
+    for (const QString &name : captures("\\b(Widget[A-Z]\\w*)", text))
+        QVERIFY2(headerOf.contains(name), qPrintable(name));
+}
+
+void TestDocumentation::tellsLogLinesThatAreWritten()
+{
+    QFETCH(QString, text);
+    QString sources;
+    for (const QString &name : QDir(QStringLiteral(SOURCE_DIRECTORY "/ui/view/widget")).entryList({"*.cpp"}))
+        sources += readFile("ui/view/widget/" + name);
+    // What is no code, and not said by the toolkit.
+    const QString table = text.section("\n## What can go wrong\n", 1);
+    for (const QString &line : captures("^\\| `([A-Z][^`]* [^`]*)`", table)) {
+        if (!line.startsWith("QThread:"))
+            QVERIFY2(sources.contains(QString(line).replace(QRegularExpression("\\d+"), "%d")), qPrintable(line));
+    }
 }
 
 int main(int argc, char *argv[])
