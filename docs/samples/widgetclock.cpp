@@ -26,7 +26,7 @@ SAMPLE(widgetclock_12_hours, 220, 72, Night)
 {
     //! [widgetclock_12_hours]
     WidgetClock *clock = addClock(screen);
-    clock->updateHMS(10, 42, 9);  // start() does so ten times a second
+    clock->updateHMS(10, 42, 9);  // once; start() keeps it current
     //! [widgetclock_12_hours]
 }
 

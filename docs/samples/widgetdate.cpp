@@ -28,7 +28,7 @@ SAMPLE(widgetdate_month_first, 220, 30, Night)
 {
     //! [widgetdate_month_first]
     WidgetDate *date = addDate(screen);
-    date->updateDateMonth(3, 7, 6);  // start() does so three times a second
+    date->updateDateMonth(3, 7, 6);  // once; start() keeps it current
     //! [widgetdate_month_first]
 }
 
