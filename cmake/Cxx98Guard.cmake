@@ -10,7 +10,8 @@ function(widget_cxx98_guard part)
     endif()
     # Q_OBJECT declares its translation functions with nullptr.
     set(flags -std=c++11 -Wc++98-compat -Werror -fsyntax-only -fPIC -DQT_NO_TRANSLATION)
-    list(APPEND flags -I${PROJECT_SOURCE_DIR} -I${PROJECT_SOURCE_DIR}/ui/view/widget -I${CMAKE_CURRENT_SOURCE_DIR})
+    list(APPEND flags -I${PROJECT_SOURCE_DIR} -I${PROJECT_SOURCE_DIR}/ui/view/widget -I${CMAKE_CURRENT_SOURCE_DIR}
+        -I${CMAKE_CURRENT_BINARY_DIR})
     foreach(directory IN LISTS Qt5Widgets_INCLUDE_DIRS)
         list(APPEND flags -isystem ${directory})
     endforeach()

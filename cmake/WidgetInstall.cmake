@@ -179,9 +179,12 @@ endfunction()
 # Installs what there is to read, and the pages of docs/ as HTML, if they were built.
 function(widget_install_documentation)
     install(FILES README.md DESTINATION ${widget_documentation_dir} COMPONENT documentation)
-    install(DIRECTORY examples DESTINATION ${widget_documentation_dir} COMPONENT documentation)
+    # Not what builds the examples with the library of this tree.
+    install(DIRECTORY examples DESTINATION ${widget_documentation_dir} COMPONENT documentation
+        PATTERN examples/CMakeLists.txt EXCLUDE)
+    # Not what makes the pages.
     install(DIRECTORY docs DESTINATION ${widget_documentation_dir} COMPONENT documentation
-        FILES_MATCHING PATTERN "*.png" PATTERN performance.md PATTERN reliability.md
+        FILES_MATCHING PATTERN "*.png" PATTERN byhand.md PATTERN performance.md PATTERN reliability.md
         PATTERN guide EXCLUDE PATTERN classes EXCLUDE PATTERN samples EXCLUDE PATTERN doxygen EXCLUDE)
     install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html DESTINATION ${widget_documentation_dir} COMPONENT documentation
         OPTIONAL)

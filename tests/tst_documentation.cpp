@@ -93,13 +93,15 @@ QList<Page> allPages()
     return pagesIn(".") + pagesIn("guide") + pagesIn("classes");
 }
 
-/// All pictures of samples.
+/// All pictures of samples. Those that stand in docs/ are shown by README.md too.
 QList<Picture> allPictures()
 {
     QList<Picture> pictures;
     for (const Page &page : allPages()) {
-        for (const QRegularExpressionMatch &match : matches("!\\[([^]]*)\\]\\(([^)]*)\\.png\\)", page.text))
-            pictures << Picture{page.path, match.captured(1), match.captured(2)};
+        for (const QRegularExpressionMatch &match : matches("!\\[([^]]*)\\]\\(([^)]*)\\.png\\)", page.text)) {
+            if (!QFileInfo::exists(QStringLiteral(SOURCE_DIRECTORY "/docs/%1.png").arg(match.captured(2))))
+                pictures << Picture{page.path, match.captured(1), match.captured(2)};
+        }
         for (const QRegularExpressionMatch &match : matches("<img src=\"([^\"]*)\\.png\"[^>]*alt=\"([^\"]*)\"", page.text))
             pictures << Picture{page.path, match.captured(2), match.captured(1)};
     }
@@ -118,8 +120,10 @@ QStringList sampleNames()
 QStringList compiledFiles()
 {
     QStringList files = captures("^    samples/(\\w+\\.cpp)$", readFile("docs/CMakeLists.txt"));
-    for (const char *example : {"examples/firstscreen/main.cpp", "examples/firstscreen/myplatform.cpp"})
-        files << QString::fromLatin1(example);
+    files << "examples/firstscreen/main.cpp" << "examples/firstscreen/myplatform.cpp";
+    const QString examples = captures("^set\\(examples ([^)]*)\\)$", readFile("examples/CMakeLists.txt")).value(0);
+    for (const QString &example : examples.split(' '))
+        files << QStringLiteral("examples/%1/main.cpp").arg(example);
     return files;
 }
 
