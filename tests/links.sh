@@ -17,7 +17,7 @@ done < <(grep -oHE '(src="(https?:)?//[^"]*"|<link [^>]*href="(https?:)?//[^"]*"
 # Doxygen does not always warn of what it does not understand.
 while IFS=: read -r page what; do
     complain "$page shows \"$what\"."
-done < <(grep -oHE '(@|\\)(ref|snippet|include|image|subpage) |&lt;/?(tt|h[1-6]|table|td)&gt;' ./*.html)
+done < <(grep -oHE '(@|\\)(ref|snippet|include|image|subpage) |&lt;/?(tt|h[1-6]|table|td)&gt;|\*\*<a |</a>\*\*' ./*.html)
 
 while IFS= read -r line; do
     page=${line%%:*}
