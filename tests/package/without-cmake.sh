@@ -20,7 +20,8 @@ SOURCES = $sources/$program.cpp
 CONFIG += libwidget_desktop_platform libwidget_default_pictures
 include($PREFIX/lib/libwidget/libwidget.pri)
 EOT
-        "$QMAKE" $program.pro QMAKE_CXX="$CXX" QMAKE_LINK="$CXX"
+        # With another compiler in the environment as well, qmake does not understand what it says.
+        env -u CXX "$QMAKE" $program.pro QMAKE_CXX="$CXX" QMAKE_LINK="$CXX"
         make
     fi
     LD_LIBRARY_PATH=$([ "$1" = qmake ] || echo "$PREFIX/lib") ./$program 2>&1
