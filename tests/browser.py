@@ -512,7 +512,7 @@ def expect_signal_leaves_nothing(number, status):
 
 def test_ctrl_c_at_any_time_leaves_nothing():
     # Until something is there, and then a bit later each time.
-    for begun in "Xtigervnc", "simulator --zoom 2 --with-keys$", "websockify":
+    for begun in "Xtigervnc", "simulator --device-only --zoom 2 --with-keys$", "websockify":
         with Simulation("--with-keys") as simulation:
             wait_for(lambda: any(re.search(begun, line.strip()) for line in simulation.processes().values()),
                      lambda: f"{begun}: {simulation.output()}")
