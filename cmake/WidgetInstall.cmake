@@ -5,7 +5,8 @@
 #   libwidget_add_default_pictures()    the pictures that the widgets need
 #   libwidget_add_forms()               the widgets with what forms of Qt Designer need
 #   libwidget_PLUGIN_DIR                where the plug-ins of the toolkit are
-# For pkg-config libwidget, libwidget-desktop-platform and libwidget-linux-platform, with variables of the same meaning: pictures, plugindir.
+# For pkg-config libwidget, libwidget-desktop-platform and libwidget-linux-platform, with variables of the same meaning:
+# pictures, plugindir.
 # For qmake CONFIG += libwidget, libwidget_desktop_platform, libwidget_linux_platform, libwidget_default_pictures,
 # libwidget_forms.
 #
@@ -211,10 +212,16 @@ function(widget_install_simulator)
     install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT simulator OPTIONAL)
 endfunction()
 
-# Installs what there is to read. Pages that are made in the build are one more install() of the component.
+# Installs what there is to read, and the pages of docs/ as HTML, if they were built.
 function(widget_install_documentation)
     install(FILES README.md DESTINATION ${widget_documentation_dir} COMPONENT documentation)
     # Not what builds the examples with the library of this tree.
-    install(DIRECTORY docs examples DESTINATION ${widget_documentation_dir} COMPONENT documentation
+    install(DIRECTORY examples DESTINATION ${widget_documentation_dir} COMPONENT documentation
         PATTERN examples/CMakeLists.txt EXCLUDE)
+    # Not what makes the pages.
+    install(DIRECTORY docs DESTINATION ${widget_documentation_dir} COMPONENT documentation
+        FILES_MATCHING PATTERN "*.png" PATTERN byhand.md PATTERN performance.md PATTERN reliability.md
+        PATTERN guide EXCLUDE PATTERN classes EXCLUDE PATTERN samples EXCLUDE PATTERN doxygen EXCLUDE)
+    install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html DESTINATION ${widget_documentation_dir} COMPONENT documentation
+        OPTIONAL)
 endfunction()

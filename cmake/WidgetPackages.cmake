@@ -4,13 +4,15 @@
 #   libwidget-picture-cache    libwidget-qt6-picture-cache      the plug-in that every program with the toolkit loads
 #   libwidget-dev              libwidget-qt6-dev                headers, CMake, pkg-config, qmake, pictures, Designer
 #   libwidget-simulator        libwidget-qt6-simulator          the simulator
-#   libwidget-doc              libwidget-doc                    what there is to read, the same from both
+#   libwidget-doc                                               what there is to read
 #
 # Those for Qt 6 are there beside those for Qt 5: who moves from one toolkit to the other needs both for a while. Two
 # libraries cannot share a file name, and Debian does not want libraries that everyone links in a directory of their
 # own, so all that stands beside each other has "-qt6" in its name there: the library (libwidget-qt6.so.1), the packages
 # of CMake and pkg-config, the headers' directory and the simulator. In C++, in CMake's targets and in qmake's CONFIG
-# names are the same. The picture cache is a package of its own, since libwidget2 has to fit beside libwidget1.
+# names are the same. The picture cache is a package of its own, since libwidget2 has to fit beside libwidget1. What there
+# is to read is the same for both, and only the build for Qt 5 packs it: Qt 6 draws some letters a pixel aside, so that
+# the pictures would not be the same.
 
 if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT)
     set(CMAKE_INSTALL_PREFIX /usr CACHE PATH "Where it is installed" FORCE)
@@ -98,7 +100,9 @@ macro(widget_make_packages)
     widget_package(plugins ${widget_name}-picture-cache libs)
     widget_package(development ${widget_name}-dev libdevel)
     widget_package(simulator ${widget_name}-simulator devel)
-    widget_package(documentation libwidget-doc doc)
+    if(WIDGET_QT EQUAL 5)
+        widget_package(documentation libwidget-doc doc)
+    endif()
 
     set(exactly "(= ${widget_debian_Version})")
     set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS ${widget_name}-picture-cache)

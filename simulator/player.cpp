@@ -2,9 +2,8 @@
 
 #include "device.h"
 
-Player::Player(Device &device, int pause)
-    : m_device(device),
-      m_pause(pause)
+Player::Player(Device &device)
+    : m_device(device)
 {
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
@@ -37,7 +36,7 @@ void Player::workNext()
     if (step.key == 0)
         return m_timer.start(step.milliseconds);
     m_isWorking = true;
-    play({step}, m_device, m_pause);
+    play({step}, m_device, 0);
     m_isWorking = false;
     if (m_isPlaying)
         m_timer.start(0);

@@ -5,14 +5,14 @@
 
 #include <QTimer>
 
-/// Works the keys of a device while the event loop runs, until the script has come to its end or is stopped.
+/// Works the keys of a device while the event loop runs, with no other pauses than the waits of the script, until that
+/// has come to its end or is stopped.
 class Player : public QObject
 {
     Q_OBJECT
 
 public:
-    /// With \a pause milliseconds after each press, repeat and release.
-    Player(Device &device, int pause);
+    explicit Player(Device &device);
 
     /// Starts \a script, in place of one that is under way.
     void start(const Script &script);
@@ -30,7 +30,6 @@ private:
     void workNext();
 
     Device &m_device;
-    const int m_pause;
     Script m_script;
     std::size_t m_next = 0;
     bool m_isPlaying = false;

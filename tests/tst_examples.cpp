@@ -6,6 +6,8 @@
 //     tst_examples --pictures DIRECTORY clock 1 2 "image clock_3"
 //         of the one, after keys, named as in Qt::Key_1, or any steps that the probe takes; without any, as it starts
 
+#include "picturecomparison.h"
+
 #include <QImage>
 #include <QSettings>
 #include <QtTest>
@@ -23,6 +25,11 @@ const QStringList otherExamples = {"designerform", "firstscreen"};
 
 const int LineLimit = 100;
 const QSize PictureSize(440, 352);
+
+/// Their places in docs/examples.png, in rows of three. With the pictures of --pictures it is made anew by
+///     montage <pictures> -sample 50% -tile 3x2 -geometry 220x176+5+5 -background '#C9C2BE' -strip docs/examples.png
+const QStringList pictureOrder = {"settingsmenu", "textentry", "clock", "homescreen", "longlist", "functionkeys"};
+const int PictureGap = 5;
 
 /// Saturday, 7 March 2026, 13:05:09 in the time zone that the programs have.
 const char Time[] = "1772888709";
@@ -216,7 +223,17 @@ void TestExamples::pictureIsWritten()
     const QTemporaryDir directory;
     const Result result = writePicture(example, bestSteps.value(example), directory.path());
     QVERIFY2(result.isGood, result.errors.constData());
-    QCOMPARE(QImage(directory.filePath(QStringLiteral("example-%1.png").arg(example))).size(), PictureSize);
+    const QImage picture(directory.filePath(QStringLiteral("example-%1.png").arg(example)));
+    QCOMPARE(picture.size(), PictureSize);
+
+    // It is what people see before they build anything.
+    const QSize size = PictureSize / 2;
+    const int index = int(pictureOrder.indexOf(example));
+    const QPoint place(PictureGap + index % 3 * (size.width() + 2 * PictureGap),
+                       PictureGap + index / 3 * (size.height() + 2 * PictureGap));
+    const QImage all(EXAMPLE_DIRECTORY "/../docs/examples.png");
+    const int differing = differingPixels(picture.scaled(size), all.copy(QRect(place, size)));
+    QVERIFY2(differing < size.width() * size.height() / 50, qPrintable(QString::number(differing)));
 }
 
 void TestExamples::settingsAreKept()

@@ -28,9 +28,6 @@ namespace {
 const int PanelWidth = 360;
 const int MessageTime = 8000;
 
-/// A person wants to see what a script does.
-const int PauseInWindow = 60;
-
 // Settings.
 const QString KeepGeometry = QStringLiteral("window/geometry");
 const QString KeepPanels = QStringLiteral("window/panels");
@@ -65,7 +62,7 @@ Workbench::Workbench(const Screens &screens, const QString &firstScreen, int zoo
     : m_settings(QStringLiteral("libwidget"), QStringLiteral("simulator")),
       m_window(new DeviceWindow(screens, KeyMode::Digits, zoom)),
       m_recorder(m_window->device()),
-      m_player(m_window->device(), 0),
+      m_player(m_window->device()),
       m_tools(new QToolBar(QStringLiteral("Tools"), this))
 {
     setWindowTitle(m_window->windowTitle());

@@ -52,7 +52,7 @@ class QShowEvent;
 ///   and F2 within 100 ms only the cell of F2 goes back to rest.
 /// - Each show appends some declarations to the sheet of the text line. An application that shows a keypad again and
 ///   again should build a new one for each entry, or give the line, which is the keypad's only QLineEdit, its first
-///   sheet again before each show: findChild<QLineEdit *>()->setStyleSheet("background-color: #ffffff;").
+///   sheet again before each show: `findChild<QLineEdit *>()->setStyleSheet("background-color: #ffffff;")`.
 /// - What was entered is overwritten in memory when it changes, when the keypad goes and when it gets another initial
 ///   text, unless somebody else has the same QString: a slot of ready(), for instance, that keeps it. Three things are
 ///   out of reach: a copy that the toolkit makes of a text that is seen, not masked, when it dresses the line at a show

@@ -118,13 +118,13 @@ public:
     int findNextRow(int row);
 
 Q_SIGNALS:
-    void doSave();            ///< OK was released; the click follows
-    void reachedBegin();      ///< up on the first row while m_stopAtEnds is set; the click follows
-    void reachedEnd();        ///< down on the last row while m_stopAtEnds is set; the click follows
-    void upKeyLongPressed();  ///< up is being held: its 11th repeat; the click came before
-    void upKeyReleased();     ///< up was released after a long press; the focus has not moved
-    void downKeyLongPressed();
-    void downKeyReleased();
+    void doSave();              ///< OK was released; the click follows
+    void reachedBegin();        ///< up on the first row while m_stopAtEnds is set; the click follows
+    void reachedEnd();          ///< down on the last row while m_stopAtEnds is set; the click follows
+    void upKeyLongPressed();    ///< up is being held: its 11th repeat; the click came before
+    void upKeyReleased();       ///< up was released after a long press; the focus has not moved
+    void downKeyLongPressed();  ///< the same of down
+    void downKeyReleased();     ///< the same of down
 
 private Q_SLOTS:
     void setInitialFocus();

@@ -75,8 +75,8 @@ class WIDGET_EXPORT WidgetListView : public Widget
     Q_OBJECT
 
 public:
-    /// See above. Applications have the roles from Qt::UserRole to ValueRole - 1, and those above ValueDimmedRole, for
-    /// themselves.
+    /// What a row has; the class says what each one is. Applications have the roles from Qt::UserRole to ValueRole - 1, and
+    /// those above ValueDimmedRole, for themselves.
     enum Role {
         TitleRole = Qt::DisplayRole,
         ValueRole = Qt::UserRole + 900,
@@ -174,13 +174,13 @@ Q_SIGNALS:
     /// The user has changed the value with the left or right key. The click follows.
     void doChange(int row);
 
-    void doSave();            ///< OK was released; the click follows
-    void reachedBegin();      ///< up on the first row while m_stopAtEnds is set; the click follows
-    void reachedEnd();        ///< down on the last row while m_stopAtEnds is set; the click follows
-    void upKeyLongPressed();  ///< up is being held: its 11th repeat; the click came before
-    void upKeyReleased();     ///< up was released after a long press; the focus has not moved by it
-    void downKeyLongPressed();
-    void downKeyReleased();
+    void doSave();              ///< OK was released; the click follows
+    void reachedBegin();        ///< up on the first row while m_stopAtEnds is set; the click follows
+    void reachedEnd();          ///< down on the last row while m_stopAtEnds is set; the click follows
+    void upKeyLongPressed();    ///< up is being held: its 11th repeat; the click came before
+    void upKeyReleased();       ///< up was released after a long press; the focus has not moved by it
+    void downKeyLongPressed();  ///< the same of down
+    void downKeyReleased();     ///< the same of down
 
 private Q_SLOTS:
     void setInitialFocus();
