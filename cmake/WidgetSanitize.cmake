@@ -1,4 +1,5 @@
-# WIDGET_SANITIZE builds every target of the project with a sanitizer of the compiler. The toolkit stays as it is.
+# WIDGET_SANITIZE builds every target of the project with a sanitizer of the compiler; with "address,undefined" the tests
+# are only linked with it. The toolkit stays as it is.
 
 # With "fuzzer" the compiler, which must be clang, also counts for libFuzzer what is reached.
 

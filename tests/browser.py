@@ -596,6 +596,8 @@ def test_wrong_arguments_are_told_before_anything_starts():
 # --- Running them
 
 def main():
+    # What a script runs in the background ignores Ctrl-C, and so would the programs that it is sent to here.
+    signal.signal(signal.SIGINT, signal.default_int_handler)
     tests = {name[5:]: test for name, test in globals().items() if name.startswith("test_")}
     names = sys.argv[1:] or list(tests)
     if names == ["--list"]:
