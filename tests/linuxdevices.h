@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cstddef>
 #include <fcntl.h>
 #include <linux/input.h>
 #include <sys/socket.h>
@@ -177,11 +178,12 @@ private:
     QScopedPointer<Fifo> m_fifo;
 };
 
-/// Takes the place of syslog.
-class LogSocket
+/// Takes the place of a service that gets messages, such as syslog and systemd.
+class MessageSocket
 {
 public:
-    explicit LogSocket(const QString &path)
+    /// At \a path, or where that starts with @ at a name that is no file.
+    explicit MessageSocket(const QString &path)
         : m_path(path)
     {
         sockaddr_un address = {};
@@ -190,13 +192,17 @@ public:
         if (std::size_t(name.size()) >= sizeof(address.sun_path))
             qFatal("The directory for temporary files has too long a name");
         memcpy(address.sun_path, name.constData(), std::size_t(name.size()));
+        if (name.startsWith('@'))
+            address.sun_path[0] = '\0';
         m_socket = socket(AF_UNIX, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-        if (bind(m_socket, reinterpret_cast<sockaddr *>(&address), sizeof(address)) != 0)
+        const socklen_t length = socklen_t(offsetof(sockaddr_un, sun_path)) + socklen_t(name.size());
+        if (bind(m_socket, reinterpret_cast<sockaddr *>(&address), length) != 0)
             qFatal("No socket can be bound");
-        chmod(name.constData(), 0666);
+        if (!name.startsWith('@'))
+            chmod(name.constData(), 0666);
     }
 
-    ~LogSocket()
+    ~MessageSocket()
     {
         close(m_socket);
         QFile::remove(m_path);
@@ -214,7 +220,7 @@ public:
         }
     }
 
-    /// What they say, without program and thread.
+    /// What the lines of a log say, without program and thread.
     QStringList texts()
     {
         QStringList texts;
@@ -238,7 +244,7 @@ public:
     Child(const DeviceDirectory &directory, const QStringList &job, const QMap<QString, QString> &environment = {})
     {
         QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
-        for (const char *name : {"WIDGET_LOG_LEVEL", "LANG", "LC_MESSAGES", "TZ"})
+        for (const char *name : {"WIDGET_LOG_LEVEL", "LANG", "LC_MESSAGES", "TZ", "NOTIFY_SOCKET", "WATCHDOG_USEC", "WATCHDOG_PID"})
             all.remove(name);
         all.insert("LC_ALL", "C.UTF-8");
         all.insert("WIDGET_BOARD_CONF", directory.path("board.conf"));

@@ -119,7 +119,7 @@ public:
     bool ends() { return m_child->ends(); }
     QString path(const QString &name) const { return DeviceDirectory::path(name); }
 
-    LogSocket log;
+    MessageSocket log;
 
 private:
     QScopedPointer<Child> m_child;
@@ -775,7 +775,7 @@ int main(int argc, char **argv)
         return printKeys(argc, argv);
     }
     DeviceDirectory directory;
-    LogSocket log(directory.path("log"));
+    MessageSocket log(directory.path("log"));
     devices = &directory;
     const QByteArray place = directory.path("x").chopped(1).toLocal8Bit();
     directory.write("board.conf",

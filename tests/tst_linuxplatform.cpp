@@ -3,6 +3,7 @@
 #include "platform/linux/boardclock.h"
 #include "platform/linux/boardconfig.h"
 #include "platform/linux/boardlog.h"
+#include "platform/linux/boardservice.h"
 #include "platform/linux/boardsound.h"
 #include "platform/linux/boardstringrc.h"
 #include "platform/linux/boardwatchdog.h"
@@ -135,13 +136,14 @@ void printConfig()
     std::cout << std::endl;
 }
 
-// One word each line: "start x", "kick x", "stop x" as the thread of main(), "hanging", "fed", "watch", "die".
+// One word each line: "start x", "kick x", "stop x" as the thread of main(), "hanging", "fed", "watch", "die"; "own" makes
+// systemd mean this process, and "started" tells it so.
 void watchSteps()
 {
     for (std::string line = nextLine(); !line.empty(); line = nextLine()) {
         const std::string name = line.substr(line.find(' ') + 1);
         std::string answer = "done";
-        if (line.find("start") == 0) {
+        if (line.find("start ") == 0) {
             Util::startWatchThread(name);
         } else if (line.find("kick") == 0) {
             Util::kickDog(name);
@@ -149,6 +151,10 @@ void watchSteps()
             Util::stopWatchThread(name);
         } else if (line == "watch") {
             Board::startWatchdog();
+        } else if (line == "own") {
+            setenv("WATCHDOG_PID", std::to_string(getpid()).c_str(), 1);
+        } else if (line == "started") {
+            answer = Board::tellStarted() ? "told" : "untold";
         } else if (line == "die") {
             raise(SIGKILL);
         } else if (line == "hanging") {
@@ -270,7 +276,7 @@ public:
         write("board.conf", text.replace('@', path("x").chopped(1).toLocal8Bit()));
     }
 
-    LogSocket log;
+    MessageSocket log;
 };
 
 double strengthAt(double hz, const QByteArray &raw)
@@ -343,6 +349,15 @@ private slots:
     void watchdogThatCannotBeOpenedIsReported_data();
     void watchdogThatCannotBeOpenedIsReported();
     void watchdogThatTakesNothingIsReportedAndFedLater();
+
+    void systemdIsToldOfTheStart_data();
+    void systemdIsToldOfTheStart();
+    void withoutSystemdNobodyIsTold_data();
+    void withoutSystemdNobodyIsTold();
+    void systemdThatIsGoneIsReportedOnce();
+    void systemdIsToldAsLongAsNoThreadHangs();
+    void systemdThatWatchesSomethingElseIsNotTold_data();
+    void systemdThatWatchesSomethingElseIsNotTold();
 
     void chipSetsTheSystemTime_data();
     void chipSetsTheSystemTime();
@@ -512,14 +527,14 @@ void TestLinuxPlatform::syslogThatIsStartedAnewIsFoundAgain()
 {
     DeviceDirectory board;
     board.write("board.conf", "log_device = " + board.path(LogName).toLocal8Bit() + '\n');
-    QScopedPointer<LogSocket> log(new LogSocket(board.path(LogName)));
+    QScopedPointer<MessageSocket> log(new MessageSocket(board.path(LogName)));
     Child child(board, {"logSteps"});
     child.tell("one");
     EVENTUALLY(log->has("one"));
     log.reset();
     child.tell("two");
     EVENTUALLY(child.errors().endsWith("  two\n"));
-    log.reset(new LogSocket(board.path(LogName)));
+    log.reset(new MessageSocket(board.path(LogName)));
     child.tell("three");
     EVENTUALLY(log->has("three"));
     QVERIFY(child.ends());
@@ -844,6 +859,111 @@ void TestLinuxPlatform::watchdogThatTakesNothingIsReportedAndFedLater()
     QByteArray fed;
     EVENTUALLY((fed += device.readAll()).endsWith('\0'));
     QVERIFY(child.ends());
+}
+
+// ---- systemd ----
+
+void TestLinuxPlatform::systemdIsToldOfTheStart_data()
+{
+    QTest::addColumn<bool>("isFile");
+    QTest::newRow("by a file") << true;
+    QTest::newRow("by a name that is no file") << false;
+}
+
+void TestLinuxPlatform::systemdIsToldOfTheStart()
+{
+    QFETCH(bool, isFile);
+    TestBoard board;
+    const QString name = (isFile ? QString() : QString("@")) + board.path("notify");
+    MessageSocket systemd(name);
+    Child child(board, {"watchSteps"}, {{"NOTIFY_SOCKET", name}});
+    child.tell("started");
+    EVENTUALLY_COMPARE(child.output(), QString("told\n"));
+    QCOMPARE(systemd.messages(), QStringList("READY=1"));
+    QVERIFY(child.ends());
+    QCOMPARE(systemd.messages(), QStringList("READY=1"));
+    QCOMPARE(board.log.texts(), QStringList());
+}
+
+void TestLinuxPlatform::withoutSystemdNobodyIsTold_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("not named") << QString();
+    QTest::newRow("another way to reach it") << QString("vsock:2:1234");
+}
+
+void TestLinuxPlatform::withoutSystemdNobodyIsTold()
+{
+    QFETCH(QString, name);
+    TestBoard board;
+    Child child(board, {"watchSteps"}, {{"NOTIFY_SOCKET", name}, {"WATCHDOG_USEC", "1000"}});
+    child.tell("started");
+    child.tell("watch");
+    EVENTUALLY_COMPARE(child.output(), QString("untold\ndone\n"));
+    QVERIFY(child.ends());
+    QCOMPARE(board.log.texts(), QStringList());
+}
+
+void TestLinuxPlatform::systemdThatIsGoneIsReportedOnce()
+{
+    TestBoard board;
+    Child child(board, {"watchSteps"}, {{"NOTIFY_SOCKET", board.path("gone")}});
+    child.tell("started");
+    child.tell("started");
+    EVENTUALLY_COMPARE(child.output(), QString("untold\nuntold\n"));
+    QVERIFY(child.ends());
+    QCOMPARE(board.log.texts(),
+             QStringList("[service] systemd cannot be told \"READY=1\": No such file or directory"));
+}
+
+void TestLinuxPlatform::systemdIsToldAsLongAsNoThreadHangs()
+{
+    TestBoard board("thread_timeout_ms = 700\n");
+    MessageSocket systemd(board.path("notify"));
+    Child child(board, {"watchSteps"}, {{"NOTIFY_SOCKET", board.path("notify")}, {"WATCHDOG_USEC", "300000"}});
+    child.tell("own");
+    child.tell("watch");
+    EVENTUALLY(systemd.messages().size() >= 4);
+    QCOMPARE(systemd.messages().count("WATCHDOG=1"), systemd.messages().size());
+
+    child.tell("start the screens");
+    const QRegularExpression hangs("^\\[watchdog\\] \"the screens\" has not answered for .* s, systemd is not told$");
+    EVENTUALLY_COMPARE(int(board.log.texts().filter(hangs).size()), 1);
+    passTime(100);
+    const auto before = systemd.messages().size();
+    passTime(1000);
+    QCOMPARE(systemd.messages().size(), before);
+
+    child.tell("kick the screens");
+    EVENTUALLY(systemd.messages().size() > before);
+    QVERIFY(child.ends());
+    QCOMPARE(systemd.messages().last(), QString("STOPPING=1"));
+}
+
+void TestLinuxPlatform::systemdThatWatchesSomethingElseIsNotTold_data()
+{
+    QTest::addColumn<QString>("time");
+    QTest::addColumn<QString>("process");
+    QTest::newRow("another process") << "3000" << "1";
+    QTest::newRow("nothing") << "" << "";
+    QTest::newRow("no time") << "0" << "";
+}
+
+void TestLinuxPlatform::systemdThatWatchesSomethingElseIsNotTold()
+{
+    QFETCH(QString, time);
+    QFETCH(QString, process);
+    TestBoard board;
+    MessageSocket systemd(board.path("notify"));
+    QMap<QString, QString> environment = {{"NOTIFY_SOCKET", board.path("notify")}, {"WATCHDOG_USEC", time}};
+    if (!process.isEmpty())
+        environment["WATCHDOG_PID"] = process;
+    Child child(board, {"watchSteps"}, environment);
+    child.tell("watch");
+    EVENTUALLY_COMPARE(child.output(), QString("done\n"));
+    passTime(100);
+    QVERIFY(child.ends());
+    QCOMPARE(systemd.messages(), QStringList("STOPPING=1"));
 }
 
 // ---- The clock ----

@@ -22,6 +22,14 @@ void initialize(pthread_cond_t *condition);
 /// Waits for \a condition until \a deadline, in milliseconds of monotonicMs(). Returns false when that has come.
 bool waitUntil(pthread_cond_t *condition, pthread_mutex_t *mutex, long long deadline);
 
+/// Sends \a message to systemd, in the form of sd_notify(3). Returns false as tellStarted() does
+/// (platform/linux/boardservice.h).
+bool tellService(const char *message);
+
+/// The milliseconds after which systemd takes this process for dead unless it is told otherwise, or 0 where it does not
+/// watch it.
+long long serviceTimeoutMs();
+
 /// Holds a mutex while it lives.
 class Locker
 {

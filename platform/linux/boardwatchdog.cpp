@@ -34,7 +34,8 @@ typedef std::vector<Registration> Registrations;
 struct Watchdog
 {
     Watchdog()
-        : isRunning(false), isEnding(false), device(-1), periodMs(0), nextFeed(0), isFed(false)
+        : isRunning(false), isEnding(false), device(-1), periodMs(0), nextFeed(0), isFed(false),
+          servicePeriodMs(0), nextTold(0)
     {
         pthread_mutex_init(&mutex, 0);
         Board::initialize(&wake);
@@ -52,6 +53,9 @@ struct Watchdog
     long long nextFeed;  // or next try to open the device
     bool isFed;
     std::string lastProblem;
+
+    long long servicePeriodMs;  // of systemd; 0: it does not watch
+    long long nextTold;
 };
 
 Watchdog *instance = 0;  // never destroyed: other threads may still kick while the process exits
@@ -147,12 +151,11 @@ bool someHang()
 }
 
 // Returns when the device is due again.
-long long feed()
+long long feedDevice(long long now)
 {
     Watchdog &w = watchdog();
     if (devicePath().empty())
         return never;
-    const long long now = Board::monotonicMs();
     if (w.device < 0 && now >= w.nextFeed)
         openDevice(now);
     if (w.device < 0)
@@ -166,6 +169,26 @@ long long feed()
     return w.nextFeed;
 }
 
+// Returns when systemd is due again.
+long long feedService(long long now)
+{
+    Watchdog &w = watchdog();
+    if (w.servicePeriodMs == 0 || someHang())
+        return never;
+    if (now >= w.nextTold) {
+        Board::tellService("WATCHDOG=1");
+        w.nextTold = now + w.servicePeriodMs;
+    }
+    return w.nextTold;
+}
+
+long long feed()
+{
+    const long long now = Board::monotonicMs();
+    const long long device = feedDevice(now);
+    return std::min(device, feedService(now));
+}
+
 // Such as 52 for 5.2 s: the locale does not matter to integers.
 int tenthsSinceKick(const Registration &registration)
 {
@@ -175,7 +198,11 @@ int tenthsSinceKick(const Registration &registration)
 void reportHang(const Registration &registration)
 {
     const int tenths = tenthsSinceKick(registration);
-    const std::string consequence = devicePath().empty() ? std::string() : ", " + devicePath() + " is not fed";
+    std::string consequence;
+    if (!devicePath().empty())
+        consequence += ", " + devicePath() + " is not fed";
+    if (watchdog().servicePeriodMs > 0)
+        consequence += ", systemd is not told";
     Logging::log(Logging::LogError, "[watchdog] \"%s\" has not answered for %d.%d s%s", registration.name.c_str(),
                  tenths / 10, tenths % 10, consequence.c_str());
 }
@@ -235,6 +262,7 @@ void end()
     Locker lock(&w.mutex);
     if (w.device >= 0)
         stopDevice();
+    Board::tellService("STOPPING=1");
 }
 
 // With the mutex.
@@ -243,6 +271,7 @@ void run()
     Watchdog &w = watchdog();
     if (w.isRunning || w.isEnding)
         return;
+    w.servicePeriodMs = (Board::serviceTimeoutMs() + feedsPerTimeout - 1) / feedsPerTimeout;
     const int error = Board::startThread(&w.watcher, watch);
     if (error != 0) {
         Logging::log(Logging::LogError, "[watchdog] There is no thread to watch others: %s", std::strerror(error));

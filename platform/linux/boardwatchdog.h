@@ -14,7 +14,8 @@
 /// The hardware watchdog "watchdog_device" is opened by the first registration, or by startWatchdog(), and set to
 /// "watchdog_s" seconds. A thread of its own feeds it three times in that time as long as no thread hangs, also while none
 /// is registered. When one hangs it gets no more, so the board starts anew unless all answer again before. The log then
-/// says: `[watchdog] "main" has not answered for 5.0 s, /dev/watchdog is not fed`.
+/// says: `[watchdog] "main" has not answered for 5.0 s, /dev/watchdog is not fed`. Where systemd watches the program, it
+/// gets its messages, and none, by the same rule (platform/linux/boardservice.h).
 ///
 /// A device that is missing, taken or not allowed is logged at level 2 and tried again every ten seconds; so is one that
 /// fails later on. A device without a time to be set keeps its own, which is logged at level 2 too.
