@@ -121,6 +121,7 @@ QStringList compiledFiles()
 {
     QStringList files = captures("^    samples/(\\w+\\.cpp)$", readFile("docs/CMakeLists.txt"));
     files << "examples/firstscreen/main.cpp" << "examples/firstscreen/myplatform.cpp";
+    files << "examples/board/board.service.in";
     const QString examples = captures("^set\\(examples ([^)]*)\\)$", readFile("examples/CMakeLists.txt")).value(0);
     for (const QString &example : examples.split(' '))
         files << QStringLiteral("examples/%1/main.cpp").arg(example);

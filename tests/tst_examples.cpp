@@ -20,14 +20,15 @@ namespace {
 const int LongestRun = 240000;
 const QStringList examples = {"clock", "functionkeys", "homescreen", "longlist", "settingsmenu", "textentry"};
 
-/// Examples that other tests work: with a form, and the one of README.md.
-const QStringList otherExamples = {"designerform", "firstscreen"};
+/// Examples that other tests work: for a board, with a form, and the one of README.md.
+const QStringList otherExamples = {"board", "designerform", "firstscreen"};
 
 const int LineLimit = 100;
 const QSize PictureSize(440, 352);
 
 /// Their places in docs/examples.png, in rows of three. With the pictures of --pictures it is made anew by
-///     montage <pictures> -sample 50% -tile 3x2 -geometry 220x176+5+5 -background '#C9C2BE' -strip docs/examples.png
+///     montage <pictures> -filter point -resize 50% -tile 3x2 -geometry 220x176+5+5 -background '#C9C2BE' -strip
+///         docs/examples.png
 const QStringList pictureOrder = {"settingsmenu", "textentry", "clock", "homescreen", "longlist", "functionkeys"};
 const int PictureGap = 5;
 

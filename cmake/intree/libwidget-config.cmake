@@ -1,9 +1,13 @@
 # The package libwidget for projects that are built as a part of this tree: what is built here takes the place of what is
 # installed.
 
-set(libwidget_desktop-platform_FOUND TRUE)
-foreach(target widget widget-desktop-platform)
-    if(NOT TARGET libwidget::${target})
+foreach(platform desktop-platform linux-platform)
+    if(TARGET widget-${platform})
+        set(libwidget_${platform}_FOUND TRUE)
+    endif()
+endforeach()
+foreach(target widget widget-desktop-platform widget-linux-platform)
+    if(TARGET ${target} AND NOT TARGET libwidget::${target})
         add_library(libwidget::${target} ALIAS ${target})
     endif()
 endforeach()

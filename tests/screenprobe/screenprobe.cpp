@@ -160,6 +160,15 @@ bool isCutByItsParents(const QWidget *widget, QRect rect)
     return false;
 }
 
+/// What the text of \a label takes. One line is as wide as where the next letter would begin, which may be less than what
+/// the toolkit has as its size.
+QSize neededSize(const QLabel *label)
+{
+    const QFontMetrics metrics = label->fontMetrics();
+    const QSize size = metrics.size(0, label->text());
+    return label->text().contains(QLatin1Char('\n')) ? size : QSize(metrics.horizontalAdvance(label->text()), size.height());
+}
+
 /// What holds for every screen.
 void inspect(QWidget *screen)
 {
@@ -172,10 +181,11 @@ void inspect(QWidget *screen)
     for (const QLabel *label : seenLabels(screen)) {
         if (label->text().isEmpty())
             continue;
-        const QSize size = label->fontMetrics().size(0, label->text());
+        const QSize size = neededSize(label);
         if (label->text().endsWith(Ellipsis) || size.width() > label->width() || size.height() > label->height()
             || isCutByItsParents(label, label->rect()))
-            fail(QStringLiteral("The text \"%1\" is cut.").arg(label->text()));
+            fail(QStringLiteral("The text \"%1\" is cut, it needs %2 by %3 pixels and has %4 by %5.")
+                     .arg(label->text()).arg(size.width()).arg(size.height()).arg(label->width()).arg(label->height()));
     }
     const QAbstractItemView *rows = focusedRows();
     if (rows && isCutByItsParents(rows->viewport(), rows->visualRect(rows->currentIndex())))

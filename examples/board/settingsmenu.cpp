@@ -1,0 +1,97 @@
+#include "settingsmenu.h"
+
+#include "widgetlistitem.h"
+
+#include "platform/linux/boardsound.h"
+#include "platform/soundmanager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+
+namespace {
+
+// systemd names the directory that it has made for the unit.
+QString settingsFile()
+{
+    const QByteArray directory = qgetenv("STATE_DIRECTORY");
+    return (directory.isEmpty() ? QDir::homePath() : QFile::decodeName(directory)) + "/board.ini";
+}
+
+}
+
+SettingsMenu::SettingsMenu(QWidget *parent)
+    : WidgetList(4, parent, SoundManager::getInstance())
+{
+    setTitleIcon("image: url(:/resource/images_l2/icon_sound.png);");
+    addDeeperRow("Clock", SIGNAL(clockWanted()));
+    m_hours = addSetting("Time", QStringList() << "24 hours" << "12 hours");
+    m_clicks = addSetting("Key clicks", QStringList() << "On" << "Off");
+    m_nameRow = addDeeperRow("Name", SIGNAL(nameWanted()));
+    restore();
+}
+
+WidgetListItem *SettingsMenu::addRow(const char *title)
+{
+    WidgetListItem *row = new WidgetListItem(this, m_soundManager);
+    row->setObjectName(title);
+    row->resize(220, 46);  // the list takes the row's height from its item
+    row->setTitle(title, true);
+    addListItem(row);
+    return row;
+}
+
+WidgetListItem *SettingsMenu::addSetting(const char *title, const QStringList &values)
+{
+    WidgetListItem *row = addRow(title);
+    for (int i = 0; i < values.size(); ++i)
+        row->addValue(values.at(i));
+    connect(row, SIGNAL(doChange()), this, SLOT(takeOver()));
+    return row;
+}
+
+WidgetListItem *SettingsMenu::addDeeperRow(const char *title, const char *wanted)
+{
+    WidgetListItem *row = addRow(title);
+    row->setMoreDepth(true);
+    row->m_enterOnOK = true;
+    connect(row, SIGNAL(doEnter()), this, wanted);
+    return row;
+}
+
+WidgetClock::Format SettingsMenu::hours() const
+{
+    return m_hours->getDisplayValue() == "12 hours" ? WidgetClock::Hour12 : WidgetClock::Hour24;
+}
+
+QString SettingsMenu::name() const
+{
+    return m_name;
+}
+
+void SettingsMenu::setName(const QString &name)
+{
+    m_name = name;
+    m_nameRow->setTitle(name.isEmpty() ? QString("Name") : "Name: " + name, true);
+    m_nameRow->updateTitle();
+    takeOver();
+}
+
+void SettingsMenu::restore()
+{
+    const QSettings file(settingsFile(), QSettings::IniFormat);
+    m_hours->selectByValue(file.value("hours").toString(), false);
+    m_clicks->selectByValue(file.value("clicks").toString(), false);
+    setName(file.value("name").toString());
+}
+
+void SettingsMenu::takeOver()
+{
+    Board::setMuted(m_clicks->getDisplayValue() == "Off");
+    QSettings file(settingsFile(), QSettings::IniFormat);
+    file.setValue("hours", m_hours->getDisplayValue());
+    file.setValue("clicks", m_clicks->getDisplayValue());
+    file.setValue("name", m_name);
+    file.sync();
+    setTitle(file.status() == QSettings::NoError ? "Settings" : "Settings (not kept)", true);
+}
