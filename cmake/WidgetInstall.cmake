@@ -221,6 +221,7 @@ function(widget_install_documentation)
     # Not what makes the pages.
     install(DIRECTORY docs DESTINATION ${widget_documentation_dir} COMPONENT documentation
         FILES_MATCHING PATTERN "*.png" PATTERN byhand.md PATTERN performance.md PATTERN reliability.md
+        PATTERN sizes.md
         PATTERN guide EXCLUDE PATTERN classes EXCLUDE PATTERN samples EXCLUDE PATTERN doxygen EXCLUDE)
     install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html DESTINATION ${widget_documentation_dir} COMPONENT documentation
         OPTIONAL)
