@@ -35,6 +35,7 @@ private slots:
 
     void workedListLooksLikeANewOne_data();
     void workedListLooksLikeANewOne();
+    void rowWithoutTheFocusIsPaleAgain();
     void changedRowLooksLikeANewOne_data();
     void changedRowLooksLikeANewOne();
     void listWithoutFocusTurnsPages();
@@ -143,6 +144,8 @@ void TestAnyList::upAndDownMoveTheFocus()
         menu.type(keys[i]);
         QCOMPARE(menu.focus(), rows[i]);
         QCOMPARE(AnyPlatform::takeEvents(), QStringList() << "sound 901");
+        const QWidget *item = menu.items.at(rows[i]);
+        QVERIFY(QRect(0, 38, 220, 138).contains(QRect(item->mapTo(&menu, QPoint(0, 0)), QSize(200, 46))));
     }
 }
 
@@ -428,6 +431,18 @@ void TestAnyList::workedListLooksLikeANewOne()
     for (int i = 0; i < int(keys.size()); ++i)
         menu.type(keys.at(i).unicode());
     QVERIFY(looksAs(&menu, expected));
+}
+
+void TestAnyList::rowWithoutTheFocusIsPaleAgain()
+{
+    Menu menu(3);
+    menu.open();
+    const QRect title(0, 38 + 46, 100, 23);
+    const QImage rest = seen(&menu).copy(title);
+    menu.type(Qt::Key_8);
+    QVERIFY(seen(&menu).copy(title) != rest);
+    menu.type(Qt::Key_8);
+    EVENTUALLY(seen(&menu).copy(title) == rest);
 }
 
 static void applyToRow(const QString &change, WidgetListItem *item)

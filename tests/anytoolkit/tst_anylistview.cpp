@@ -38,6 +38,9 @@ private slots:
     void changedModelLooksLikeANewOne_data();
     void changedModelLooksLikeANewOne();
     void mirroredListTurnsRound();
+    void isHighlightedWhileItHasTheKeys();
+    void longTitleScrollsWithTheFocus();
+    void looksLikeAListOfWidgets_data();
     void looksLikeAListOfWidgets();
 };
 
@@ -461,8 +464,51 @@ void TestAnyListView::mirroredListTurnsRound()
     QCOMPARE(mirrored.rows.valueOf(0), 0);
 }
 
+void TestAnyListView::isHighlightedWhileItHasTheKeys()
+{
+    Menu menu(3);
+    QWidget other(&menu);
+    menu.showInFront();
+    const QImage before = drawn(&menu);
+    other.setFocus();
+    QVERIFY(seen(&menu) != before);
+    QCOMPARE(menu.list->selectedRow(), 0);
+    menu.list->setFocus();
+    QVERIFY(looksAs(&menu, before));
+}
+
+void TestAnyListView::longTitleScrollsWithTheFocus()
+{
+    Menu fresh(3);
+    fresh.rows.set(1, WidgetListView::TitleRole, "A title that is far too long for a display of this width");
+    fresh.showInFront();
+    fresh.list->setFocusAtItem(2);
+    const QImage expected = drawn(&fresh);
+    fresh.hide();
+
+    Menu menu(3);
+    menu.rows.set(1, WidgetListView::TitleRole, "A title that is far too long for a display of this width");
+    menu.showInFront();
+    menu.type(Qt::Key_8);
+    const QImage first = drawnAtOnce(&menu);
+    EVENTUALLY(seen(&menu) != first);
+    menu.type(Qt::Key_8);
+    QVERIFY(looksAs(&menu, expected));
+}
+
+void TestAnyListView::looksLikeAListOfWidgets_data()
+{
+    QTest::addColumn<QString>("keys");
+    QTest::newRow("at first") << "";
+    QTest::newRow("down") << "8";
+    QTest::newRow("scrolled") << "888";
+    QTest::newRow("scrolled and back") << "88822";
+    QTest::newRow("around the end, and another value") << "26";
+}
+
 void TestAnyListView::looksLikeAListOfWidgets()
 {
+    QFETCH(QString, keys);
     Screen fresh;
     WidgetList list(4, &fresh, sound());
     list.setGeometry(0, 0, 220, 176);
@@ -481,11 +527,15 @@ void TestAnyListView::looksLikeAListOfWidgets()
     // It is rows that have had the focus which look the same.
     for (int row = 3; row >= 0; --row)
         list.setFocusAtItem(row);
+    for (int i = 0; i < int(keys.size()); ++i)
+        strike(&list, keys.at(i).unicode());
     const QImage expected = drawn(&fresh);
     fresh.hide();
 
     Menu menu(4);
     menu.showInFront();
+    for (int i = 0; i < int(keys.size()); ++i)
+        menu.type(keys.at(i).unicode());
     QVERIFY(looksAs(&menu, expected));
 }
 

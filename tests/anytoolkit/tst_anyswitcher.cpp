@@ -14,6 +14,7 @@ private slots:
 
     void keysTurnAroundTheEnds();
     void functionKeysTurnWhereTheyAreTheDirections();
+    void dotOfTheEntryIsLit();
     void okReportsTheEntry();
     void okClicksOnlyWhereTheEntryIsNotSelectable();
     void otherKeysAreHandedOn();
@@ -88,6 +89,30 @@ void TestAnySwitcher::functionKeysTurnWhereTheyAreTheDirections()
     QCOMPARE(screen.name(), QString("Music"));
     strike(&screen, Qt::Key_6);
     QCOMPARE(screen.name(), QString("Music"));
+}
+
+void TestAnySwitcher::dotOfTheEntryIsLit()
+{
+    SwitcherScreen screen;
+    screen.open();
+    for (int entry = 0; entry < 6; ++entry) {
+        // The lit dot stands where the unlit one of the entry is hidden.
+        QList<QLabel *> unlit;
+        QLabel *lit = 0;
+        const QList<QLabel *> labels = screen.switcher.findChildren<QLabel *>();
+        for (int i = 0; i < int(labels.size()); ++i) {
+            if (labels.at(i)->styleSheet().contains("page_off"))
+                unlit.append(labels.at(i));
+            else if (labels.at(i)->styleSheet().contains("page_on"))
+                lit = labels.at(i);
+        }
+        QVERIFY(lit && lit->isVisible());
+        QCOMPARE(int(unlit.size()), 6);
+        for (int i = 0; i < 6; ++i)
+            QCOMPARE(unlit.at(i)->isVisible(), i != entry);
+        QCOMPARE(lit->pos(), unlit.at(entry)->pos());
+        strike(&screen, Qt::Key_6);
+    }
 }
 
 void TestAnySwitcher::okReportsTheEntry()
