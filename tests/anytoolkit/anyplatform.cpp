@@ -17,7 +17,8 @@ namespace {
 struct Record
 {
     Record()
-        : hour(0), min(0), sec(0), month(1), day(1), wday(1), tick(0), tickStep(0), clockChipResult(1), pauseHook(0), pauses(0)
+        : hour(0), min(0), sec(0), month(1), day(1), wday(1),
+          tick(0), tickStep(0), clockChipResult(1), pauseHook(0), pauses(0)
     {
     }
 

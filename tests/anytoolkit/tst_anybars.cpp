@@ -166,7 +166,8 @@ void TestAnyBars::bottomBarRejectsAStateThatDoesNotExist()
     screen.showInFront();
     const QImage before = drawn(&screen);
     screen.bar.statusBottomShow(1, 1, 6, 1);
-    QCOMPARE(AnyPlatform::takeLog(), QStringList() << "2 [ui/view/widget/widgetbottom.cpp, statusBottomShow] Invalid index 6");
+    QCOMPARE(AnyPlatform::takeLog(), QStringList()
+        << "2 [ui/view/widget/widgetbottom.cpp, statusBottomShow] Invalid index 6");
     QVERIFY(looksAs(&screen, before));
 }
 

@@ -103,9 +103,9 @@ struct KeypadScreen : Screen
     {
         QString lit;
         for (int place = 0; place < 12; ++place) {
-            const QLabel *label = key(place / 3, place % 3);
-            if (label->styleSheet().startsWith("background-color: #f7ce86") || label->styleSheet().startsWith("background-color: #988e8b"))
-                lit += label->text();
+            const QString sheet = key(place / 3, place % 3)->styleSheet();
+            if (sheet.startsWith("background-color: #f7ce86") || sheet.startsWith("background-color: #988e8b"))
+                lit += key(place / 3, place % 3)->text();
         }
         return lit;
     }
@@ -139,7 +139,8 @@ void TestAnyKeypad::keyGoesThroughItsCharacters()
         texts << screen.text();
     }
     QCOMPARE(texts, QStringList() << "a" << "b" << "c" << "2" << "a");
-    QCOMPARE(QStringList(AnyPlatform::takeEvents().mid(0, 4)), QStringList() << "sound 901" << "key 2" << "sound 901" << "key 2");
+    QCOMPARE(QStringList(AnyPlatform::takeEvents().mid(0, 4)), QStringList()
+        << "sound 901" << "key 2" << "sound 901" << "key 2");
 }
 
 void TestAnyKeypad::characterIsFinalAfterAWhile()
@@ -376,8 +377,9 @@ struct BarScreen : Screen
     BarScreen() : bar(this)
     {
         for (int item = 0; item < 4; ++item) {
-            bar.setItemStyle(WidgetKeypadBottom::Item(item), WidgetKeypadBottom::StateNormal, "background-color: #6e6464;");
-            bar.setItemStyle(WidgetKeypadBottom::Item(item), WidgetKeypadBottom::StateSelected, "background-color: #f7ce86;");
+            const WidgetKeypadBottom::Item cell = WidgetKeypadBottom::Item(item);
+            bar.setItemStyle(cell, WidgetKeypadBottom::StateNormal, "background-color: #6e6464;");
+            bar.setItemStyle(cell, WidgetKeypadBottom::StateSelected, "background-color: #f7ce86;");
         }
         bar.setItemText(WidgetKeypadBottom::ItemButton1, "Abc");
         bar.setBgGeometry(0, 153, 220, 23);
@@ -440,7 +442,8 @@ void TestAnyKeypad::barRejectsAStateThatDoesNotExist()
 {
     WidgetKeypadBottom bar(0);
     bar.setItemStyle(WidgetKeypadBottom::ItemButton1, WidgetKeypadBottom::State(2), QString());
-    QCOMPARE(AnyPlatform::takeLog(), QStringList() << "2 [ui/view/widget/widgetkeypadbottom.cpp, setItemStyle] Invalid index 2");
+    QCOMPARE(AnyPlatform::takeLog(), QStringList()
+        << "2 [ui/view/widget/widgetkeypadbottom.cpp, setItemStyle] Invalid index 2");
 }
 
 ANYTOOLKIT_MAIN(TestAnyKeypad)

@@ -417,9 +417,11 @@ void TestAnyList::workedListLooksLikeANewOne()
     fresh.open();
     // The way there decides which rows are in view.
     for (int i = 0; i < int(keys.size()); ++i) {
-        const int key = keys.at(i).unicode();
-        if (key == '8' || key == '2')
-            fresh.list.setFocusAtItem(key == '8' ? fresh.list.findNextRow(fresh.focus()) : fresh.list.findPrevRow(fresh.focus()));
+        const int from = fresh.focus();
+        if (keys.at(i) == QLatin1Char('8'))
+            fresh.list.setFocusAtItem(fresh.list.findNextRow(from));
+        else if (keys.at(i) == QLatin1Char('2'))
+            fresh.list.setFocusAtItem(fresh.list.findPrevRow(from));
     }
     QCOMPARE(fresh.focus(), row);
     const QImage expected = drawn(&fresh);

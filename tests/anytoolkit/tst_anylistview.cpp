@@ -112,7 +112,7 @@ struct Menu : Screen
     }
 
     // The list goes before its model.
-    ~Menu() { delete list; }
+    ~Menu() { delete list.data(); }
 
     int type(int key, int repeats = 0)
     {

@@ -54,9 +54,7 @@ remove_shared()
     done
     for id in $(ipcs -s | awk '$2 ~ /^[0-9]+$/ { print $2 }'); do
         # Who has made a semaphore is not told, only who was the last at it.
-        if ipcs -s -i "$id" 2> /dev/null | awk -v pid="$program" 'NF == 5 && $5 == pid { found = 1 } END { exit !found }'; then
-            ipcrm -s "$id"
-        fi
+        ipcs -s -i "$id" 2> /dev/null | awk '{ print $5 }' | grep -qx "$program" && ipcrm -s "$id"
     done
 }
 
