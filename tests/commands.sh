@@ -502,7 +502,9 @@ test_check_takes_an_embedded_build_of_qt_4()
 make_test_build()
 {
     mkdir -p "$work/tested/bin"
-    echo 'add_test(tst_words "bin/tst_words")' > "$work/tested/CTestTestfile.cmake"
+    # Another run of a program has its name and something behind it.
+    printf '%s\n' 'add_test(tst_words "bin/tst_words")' 'add_test(tst_words-again "bin/tst_words")' \
+        > "$work/tested/CTestTestfile.cmake"
     cat > "$work/tested/bin/tst_words" << 'END'
 #!/bin/bash
 [ "$*" != -functions ] || { printf '%s()\n' first second third; exit; }
