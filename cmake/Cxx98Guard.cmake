@@ -9,7 +9,8 @@ function(widget_cxx98_guard part)
         return()
     endif()
     # Q_OBJECT declares its translation functions with nullptr.
-    set(flags -std=c++11 -Wc++98-compat -Werror -fsyntax-only -fPIC -DQT_NO_TRANSLATION)
+    set(flags -std=c++11 -Wc++98-compat -Werror -fsyntax-only -fPIC -DQT_NO_TRANSLATION
+        -DWIDGET_CXX98_GUARD)
     list(APPEND flags -I${PROJECT_SOURCE_DIR} -I${PROJECT_SOURCE_DIR}/ui/view/widget -I${CMAKE_CURRENT_SOURCE_DIR}
         -I${CMAKE_CURRENT_BINARY_DIR})
     foreach(directory IN LISTS Qt5Widgets_INCLUDE_DIRS)

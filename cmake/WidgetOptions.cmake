@@ -48,6 +48,7 @@ endif()
 option(WIDGET_BUILD_LINUX "Build the platform for embedded Linux boards" ${on_linux})
 option(WIDGET_BUILD_SIMULATOR "Build the simulator (needs the platform for a PC)" ${on_a_pc})
 option(WIDGET_BUILD_TESTS "Build the tests" ${for_developers})
+option(WIDGET_BUILD_ANYTOOLKIT "Build those of the tests that run with Qt 4.8 too, also without the others" OFF)
 option(WIDGET_BUILD_BENCHMARKS "Build the benchmarks" ${for_developers})
 
 if(WIDGET_QT EQUAL 4)

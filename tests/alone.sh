@@ -79,7 +79,7 @@ list_runs()
     done | shuffled "$seed"
 }
 
-[ $# -gt 0 ] || set -- $(ctest --test-dir "$build" -N | sed -nE 's/^ *Test +#[0-9]+: (.*)$/\1/p')
+[ $# -gt 0 ] || set -- $(ctest --test-dir "$build" -N | sed -nE 's/^ *Test +#[0-9]+: ([^-]*).*$/\1/p' | sort -u)
 runs=$(list_runs "$@") || exit 2
 mapfile -t runs <<< "$runs"
 

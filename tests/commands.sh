@@ -421,11 +421,90 @@ test_check_builds_elsewhere()
     expect_no_file build
 }
 
+# make_qt4 <version> <define>: a directory that answers as a Qt of that version whose headers have the define.
+make_qt4()
+{
+    mkdir -p "$work/qt4/bin" "$work/qt4/include/QtCore" "$work/qt4/include/QtTest"
+    cat > "$work/qt4/bin/qmake" << END
+#!/bin/bash
+case \$2 in
+QT_VERSION) echo $1 ;;
+QT_INSTALL_HEADERS) echo "$work/qt4/include" ;;
+esac
+END
+    chmod +x "$work/qt4/bin/qmake"
+    echo "#define $2" > "$work/qt4/include/QtCore/qglobal.h"
+}
+
+test_check_tells_what_qt4_wants()
+{
+    local words
+    command_for_tests dpkg-query 'echo asked'
+    for words in qt4 "guard qt4" "--minutes 3 qt4"; do
+        run ./check $words
+        expect_status 2
+        expect_said "./check: qt4 wants the directory where an embedded build of Qt 4.8 is installed: ./check qt4 PREFIX"
+        expect_not_said "asked"
+        expect_not_said "line "
+    done
+    run ./check qt4 ""
+    expect_status 2
+    expect_said "./check qt4 PREFIX"
+    expect_no_file build
+}
+
+test_check_rejects_what_is_no_embedded_build_of_qt_4()
+{
+    run ./check qt4 "$work/no where"
+    expect_status 2
+    expect_said "./check: There is no directory \"$work/no where\". qt4 wants "
+
+    mkdir "$work/empty"
+    run ./check qt4 "$work/empty"
+    expect_status 2
+    expect_said "\"$work/empty\" has no bin/qmake that tells its version. qt4 wants "
+
+    make_qt4 5.15.8 Q_WS_QWS
+    run ./check qt4 "$work/qt4"
+    expect_status 2
+    expect_said "\"$work/qt4\" holds Qt 5.15.8. qt4 wants "
+
+    make_qt4 4.8.7 Q_WS_X11
+    run ./check qt4 "$work/qt4"
+    expect_status 2
+    expect_said "holds a Qt 4.8.7 that is not the embedded one. qt4 wants "
+
+    rmdir "$work/qt4/include/QtTest"
+    run ./check qt4 "$work/qt4"
+    expect_status 2
+    expect_said "holds a Qt 4.8.7 without QtTest. qt4 wants "
+
+    mv "$work/qt4/include" "$work/elsewhere"
+    run ./check qt4 "$work/qt4"
+    expect_status 2
+    expect_said "looks for its headers in \"$work/qt4/include\", where they are not. qt4 wants "
+    expect_not_said "line "
+    expect_no_file build
+}
+
+test_check_takes_an_embedded_build_of_qt_4()
+{
+    make_qt4 4.8.7 Q_WS_QWS
+    echo 'message(STATUS "with ${QT_QMAKE_EXECUTABLE}")' >> CMakeLists.txt
+    run ./check guard qt4 "$work/qt4"
+    expect_said "What runs on the device as C++98"
+    expect_said "Qt 4.8, embedded"
+    run cat build/check/logs/configure--qt4-.log
+    expect_said "with $work/qt4/bin/qmake"
+}
+
 # Makes a build with one test program and prints its directory. WORDS_FAIL names the run that fails.
 make_test_build()
 {
     mkdir -p "$work/tested/bin"
-    echo 'add_test(tst_words "bin/tst_words")' > "$work/tested/CTestTestfile.cmake"
+    # Another run of a program has its name and something behind it.
+    printf '%s\n' 'add_test(tst_words "bin/tst_words")' 'add_test(tst_words-again "bin/tst_words")' \
+        > "$work/tested/CTestTestfile.cmake"
     cat > "$work/tested/bin/tst_words" << 'END'
 #!/bin/bash
 [ "$*" != -functions ] || { printf '%s()\n' first second third; exit; }
