@@ -19,6 +19,7 @@
 #include <cmath>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <iostream>
 #include <thread>
 
@@ -275,8 +276,9 @@ public:
 
 double strengthAt(double hz, const QByteArray &raw)
 {
-    const short *samples = reinterpret_cast<const short *>(raw.constData());
-    const int count = int(raw.size() / 2);
+    std::vector<short> samples(std::size_t(raw.size() / 2));
+    std::memcpy(samples.data(), raw.constData(), samples.size() * sizeof(short));
+    const int count = int(samples.size());
     double re = 0;
     double im = 0;
     for (int i = 0; i < count; ++i) {
