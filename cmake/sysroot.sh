@@ -86,7 +86,7 @@ fetch()
     local version
     # Even if not all indices arrive.
     apt-get -q update || true
-    version=$(apt-cache show qtbase5-dev 2> /dev/null | sed -n 's/^Version: //p' | head -n 1)
+    version=$(apt-cache policy qtbase5-dev | sed -n 's/^ *Candidate: //p')
     [ -n "$version" ] || cannot_be_had "There are no packages for $processor to be had: their index did not arrive."
     [ "$(qt_version "$version")" = "$(qt_version "$tools_version")" ] \
         || cannot_be_had "The toolkit for $processor is $version, but its tools here are $tools_version."
@@ -113,6 +113,8 @@ unpack()
     # Emulated programs find files there first, and are to find those of this machine in all other directories.
     find "$sysroot" -mindepth 1 -maxdepth 1 ! -name usr ! -name lib ! -name etc -exec rm -rf {} +
     rm -rf "$sysroot"/usr/share/{doc,man,locale,lintian}
+    # What is linked there, packages settle when they are installed. Without it, it is as on this machine.
+    rm -rf "$sysroot/etc/fonts"
     relate_links
 }
 

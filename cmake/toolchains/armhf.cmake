@@ -4,4 +4,6 @@ set(CMAKE_SYSTEM_PROCESSOR armv7l)
 set(widget_processor armhf)
 set(widget_triplet arm-linux-gnueabihf)
 set(widget_emulator qemu-arm)
+# Remarks on what compilers before GCC 7 made of some parameters.
+set(CMAKE_CXX_FLAGS_INIT -Wno-psabi)
 include(${CMAKE_CURRENT_LIST_DIR}/debian.cmake)
