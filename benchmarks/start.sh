@@ -38,6 +38,7 @@ END
 start()
 {
     env -i HOME="$work" LC_ALL=C.UTF-8 FONTCONFIG_FILE="$work/fonts.conf" QT_QPA_PLATFORM=offscreen QT_HASH_SEED=0 \
+        QT_QPA_PLATFORM_PLUGIN_PATH="$(echo "$sysroot"/usr/lib/*/qt5/plugins/platforms)" \
         QT_QPA_GENERIC_PLUGINS=firstpicture QT_PLUGIN_PATH="$build/plugins" \
         "$emulator" -L "$sysroot" "${@:2}" "$build/bin/$1" 2> "$work/errors"
 }

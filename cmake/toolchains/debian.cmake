@@ -16,7 +16,9 @@ set(CMAKE_CXX_COMPILER ${widget_triplet}-g++)
 find_program(WIDGET_EMULATOR ${widget_emulator})
 mark_as_advanced(WIDGET_EMULATOR)
 if(WIDGET_EMULATOR)
-    set(CMAKE_CROSSCOMPILING_EMULATOR ${WIDGET_EMULATOR} -L ${CMAKE_SYSROOT})
+    # QEMU 7.2 looks for the toolkit's directory of plug-ins on this machine.
+    set(CMAKE_CROSSCOMPILING_EMULATOR ${WIDGET_EMULATOR} -L ${CMAKE_SYSROOT}
+        -E QT_QPA_PLATFORM_PLUGIN_PATH=${CMAKE_SYSROOT}/usr/lib/${widget_triplet}/qt5/plugins/platforms)
 endif()
 
 # Programs that are run while building are those of this machine, everything else is the board's.
