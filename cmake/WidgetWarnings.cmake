@@ -3,7 +3,8 @@
 option(WIDGET_WERROR "Treat warnings as errors" OFF)
 
 function(widget_warnings target)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wno-long-long)
+    # Casts that lead to unaligned accesses are seen on processors that may not make them.
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wcast-align -Wno-long-long)
     if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
         # The toolkit's own QSKIP() and the like.
         target_compile_options(${target} PRIVATE -Wno-gnu-zero-variadic-macro-arguments)

@@ -177,7 +177,9 @@ extern "C" __attribute__((visibility("default"))) int ioctl(int descriptor, unsi
         return input(device, request, argument);
     using Ioctl = int (*)(int, unsigned long, ...);
     static const Ioctl real = reinterpret_cast<Ioctl>(dlsym(RTLD_NEXT, "ioctl"));
-    return real(descriptor, request, argument);
+    const int answer = real(descriptor, request, argument);
+    // QEMU does not say what the kernel says of requests that it does not know.
+    return answer < 0 && errno == ENOSYS ? failure(ENOTTY) : answer;
 }
 
 extern "C" __attribute__((visibility("default"))) int clock_settime(clockid_t, const timespec *time) noexcept

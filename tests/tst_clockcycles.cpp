@@ -19,7 +19,7 @@ namespace {
 /// Shared by the rows of a widget. WIDGET_CYCLES sets it. What watches every access takes its time.
 int cycleCount()
 {
-#ifdef HAS_SANITIZER
+#if defined(HAS_SANITIZER) || defined(IS_EMULATED)
     const int usual = 100;
 #else
     const int usual = 10000;

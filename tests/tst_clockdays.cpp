@@ -30,7 +30,7 @@ const QStringList WeekDays{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 /// How much longer than they say threads sleep in the rest of the day. WIDGET_TIME_SCALE=1 has them make every pass.
 int scaleOfTheDay()
 {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || defined(IS_EMULATED)
     const int usual = 300;
 #else
     const int usual = 100;
@@ -238,7 +238,8 @@ void TestClockDays::showsTheRightTimeAllDay_data()
     add("the leap day begins", utc, "2024-02-29T00:00:00Z", "Wed 02/28 23:59:59", "Thu 02/29 00:00:00");
     add("the leap day ends", utc, "2024-03-01T00:00:00Z", "Thu 02/29 23:59:59", "Fri 03/01 00:00:00");
     add("February's end in a common year", utc, "2023-03-01T00:00:00Z", "Tue 02/28 23:59:59", "Wed 03/01 00:00:00");
-    add("February's end in 2100", utc, "2100-03-01T00:00:00Z", "Sun 02/28 23:59:59", "Mon 03/01 00:00:00");
+    if (sizeof(long) > 4)  // in which the platform is given a time
+        add("February's end in 2100", utc, "2100-03-01T00:00:00Z", "Sun 02/28 23:59:59", "Mon 03/01 00:00:00");
     add("a year's end", utc, "2025-01-01T00:00:00Z", "Tue 12/31 23:59:59", "Wed 01/01 00:00:00");
     add("summer time begins", berlin, "2024-03-31T01:00:00Z", "Sun 03/31 01:59:59", "Sun 03/31 03:00:00");
     add("summer time ends", berlin, "2024-10-27T01:00:00Z", "Sun 10/27 02:59:59", "Sun 10/27 02:00:00");

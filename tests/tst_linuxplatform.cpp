@@ -20,6 +20,7 @@
 #include <cmath>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <iostream>
 #include <thread>
 
@@ -281,8 +282,9 @@ public:
 
 double strengthAt(double hz, const QByteArray &raw)
 {
-    const short *samples = reinterpret_cast<const short *>(raw.constData());
-    const int count = int(raw.size() / 2);
+    std::vector<short> samples(std::size_t(raw.size() / 2));
+    std::memcpy(samples.data(), raw.constData(), samples.size() * sizeof(short));
+    const int count = int(samples.size());
     double re = 0;
     double im = 0;
     for (int i = 0; i < count; ++i) {
@@ -976,6 +978,8 @@ void TestLinuxPlatform::chipSetsTheSystemTime_data()
     QTest::newRow("UTC") << QByteArray("2031-05-06 07:08:09") << QByteArray("utc") << "clock_settime 1935817689";
     QTest::newRow("local") << QByteArray("2031-05-06 07:08:09") << QByteArray("local") << "clock_settime 1935810489";
     QTest::newRow("leap day") << QByteArray("2028-02-29 23:59:59") << QByteArray("utc") << "clock_settime 1835481599";
+    if (sizeof(time_t) > 4)
+        QTest::newRow("after 2038") << QByteArray("2041-05-06 07:08:09") << QByteArray("utc") << "clock_settime 2251436889";
 }
 
 void TestLinuxPlatform::chipSetsTheSystemTime()
@@ -1025,6 +1029,9 @@ void TestLinuxPlatform::chipThatCannotHelpChangesNothing_data()
                                  << "@rtc: The chip has no possible time";
     QTest::newRow("no such hour") << QByteArray("@rtc") << QByteArray("2027-02-28 45:00:00")
                                   << "@rtc: The chip has no possible time";
+    if (sizeof(time_t) == 4)
+        QTest::newRow("too late") << QByteArray("@rtc") << QByteArray("2041-05-06 07:08:09")
+                                  << "@rtc: The chip has a time that is too late for this system";
 }
 
 void TestLinuxPlatform::chipThatCannotHelpChangesNothing()

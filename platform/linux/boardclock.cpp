@@ -98,7 +98,11 @@ bool Board::readClockChip(time_t *time)
         return chipFailed("The chip has no possible time");
     if (read.tm_year + 1900 < config().clockEarliestYear)
         return chipFailed("The chip has a time before clock_earliest_year");
-    *time = config().clockIsLocal ? mktime(&read) : timegm(&read);
+    const time_t found = config().clockIsLocal ? mktime(&read) : timegm(&read);
+    // From 2038 on, where time_t has 32 bits.
+    if (found == time_t(-1))
+        return chipFailed("The chip has a time that is too late for this system");
+    *time = found;
     return true;
 }
 

@@ -10,9 +10,10 @@
 ///
 /// set_time() reads the clock chip ("clock_device" of the configuration, in UTC unless "clock_zone" is local) and sets
 /// the system time to it. A system time that is in the same second is left alone: setting it would only lose the
-/// fraction. It returns 0 and changes nothing where there is no chip, where the chip's time is impossible or before the
-/// year "clock_earliest_year" (a chip that has lost its power), and where the process may not set the time (it needs
-/// CAP_SYS_TIME). Why is logged at level 2, once until it succeeds or the reason is another one:
+/// fraction. It returns 0 and changes nothing where there is no chip, where the chip's time is impossible, before the
+/// year "clock_earliest_year" (a chip that has lost its power), or from 2038 on while time_t has 32 bits, and where the
+/// process may not set the time (it needs CAP_SYS_TIME). Why is logged at level 2, once until it succeeds or the reason
+/// is another one:
 /// "[clock] /dev/rtc0: No such file or directory".
 ///
 /// Every thread has its own record behind Util::localtime. The time zone is that of TZ, else /etc/localtime, also after

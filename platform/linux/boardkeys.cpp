@@ -275,7 +275,8 @@ void Board::Keys::Reader::readDirectoryEvents()
             break;
         changed = true;
         for (ssize_t at = 0; at < length;) {
-            const inotify_event *event = reinterpret_cast<const inotify_event *>(buffer.bytes + at);
+            const void *const bytes = buffer.bytes + at;  // aligned, as names are filled up
+            const inotify_event *event = static_cast<const inotify_event *>(bytes);
             if (event->mask & IN_IGNORED) {
                 std::map<std::string, int>::iterator it;
                 for (it = m_watches.begin(); it != m_watches.end(); ++it) {
