@@ -1,4 +1,5 @@
 #include "recordingplatform.h"
+#include "sanitizers.h"
 #include "simulatedtime.h"
 #include "threadruns.h"
 #include "widgetclock.h"
@@ -30,7 +31,7 @@ const QStringList WeekDays{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 /// How much longer than they say threads sleep in the rest of the day. WIDGET_TIME_SCALE=1 has them make every pass.
 int scaleOfTheDay()
 {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || defined(IS_EMULATED)
+#if defined(HAS_SANITIZER) || defined(IS_EMULATED)
     const int usual = 300;
 #else
     const int usual = 100;
