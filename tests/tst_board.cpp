@@ -176,6 +176,7 @@ private slots:
     void clockOpensAndCloses();
     void nameIsTypedAndKept();
     void settingIsKept();
+    void startLeavesTheFileAsItIs();
     void escapeLeavesTheNameAsItWas();
     void settingsThatCannotBeKeptAreNamed();
     void systemdHearsOfItsStartAndThatItAnswers();
@@ -271,6 +272,19 @@ void TestBoardExample::settingIsKept()
     }
 }
 
+void TestBoardExample::startLeavesTheFileAsItIs()
+{
+    TestBoard board;
+    const QByteArray kept = "[General]\nclicks=loud\nname=Ann\n; what another version keeps\ncolour=red\n";
+    board.write("kept/board.ini", kept);
+    Program program(board, "offscreen", {"row Clock", "key 2", "row Name: Ann", "key 6", "text Ann", "key Menu", "row Name: Ann",
+                                         "leave"});
+    QVERIFY(program.ends());
+    QFile file(board.path("kept/board.ini"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), kept);
+}
+
 void TestBoardExample::escapeLeavesTheNameAsItWas()
 {
     TestBoard board;
@@ -284,8 +298,8 @@ void TestBoardExample::settingsThatCannotBeKeptAreNamed()
     TestBoard board;
     QDir(board.path("kept")).removeRecursively();
     board.write("kept", "a file where the directory should be");
-    Program program(board, "offscreen", {"row Clock", "text Settings (not kept)", "key 8", "key 6", "row Time 12 hours",
-                                         "leave"});
+    Program program(board, "offscreen", {"row Clock", "text Settings", "key 8", "key 6", "row Time 12 hours",
+                                         "text Settings (not kept)", "leave"});
     QVERIFY(program.ends());
 }
 

@@ -24,6 +24,7 @@ SettingsMenu::SettingsMenu(QWidget *parent)
     : WidgetList(4, parent, SoundManager::getInstance())
 {
     setTitleIcon("image: url(:/resource/images_l2/icon_sound.png);");
+    setTitle("Settings", true);
     addDeeperRow("Clock", SIGNAL(clockWanted()));
     m_hours = addSetting("Time", QStringList() << "24 hours" << "12 hours");
     m_clicks = addSetting("Key clicks", QStringList() << "On" << "Off");
@@ -71,23 +72,42 @@ QString SettingsMenu::name() const
 
 void SettingsMenu::setName(const QString &name)
 {
+    if (name == m_name)
+        return;
+    showName(name);
+    keep();
+}
+
+void SettingsMenu::showName(const QString &name)
+{
     m_name = name;
     m_nameRow->setTitle(name.isEmpty() ? QString("Name") : "Name: " + name, true);
     m_nameRow->updateTitle();
-    takeOver();
 }
 
+void SettingsMenu::muteClicks()
+{
+    Board::setMuted(m_clicks->getDisplayValue() == "Off");
+}
+
+// Writes nothing: flash wears, and what could not be read this time may still be there at the next start.
 void SettingsMenu::restore()
 {
     const QSettings file(settingsFile(), QSettings::IniFormat);
     m_hours->selectByValue(file.value("hours").toString(), false);
     m_clicks->selectByValue(file.value("clicks").toString(), false);
-    setName(file.value("name").toString());
+    muteClicks();
+    showName(file.value("name").toString());
 }
 
 void SettingsMenu::takeOver()
 {
-    Board::setMuted(m_clicks->getDisplayValue() == "Off");
+    muteClicks();
+    keep();
+}
+
+void SettingsMenu::keep()
+{
     QSettings file(settingsFile(), QSettings::IniFormat);
     file.setValue("hours", m_hours->getDisplayValue());
     file.setValue("clicks", m_clicks->getDisplayValue());

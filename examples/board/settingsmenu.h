@@ -31,7 +31,10 @@ private:
     WidgetListItem *addRow(const char *title);
     WidgetListItem *addSetting(const char *title, const QStringList &values);
     WidgetListItem *addDeeperRow(const char *title, const char *wanted);
+    void showName(const QString &name);
+    void muteClicks();
     void restore();
+    void keep();
 
     WidgetListItem *m_hours;
     WidgetListItem *m_clicks;
