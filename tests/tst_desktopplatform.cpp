@@ -1,10 +1,9 @@
 #include "waiting.h"
 
-#include "platform/desktop/audiooutput.h"
+#include "platform/common/tones.h"
 #include "platform/desktop/desktopclock.h"
 #include "platform/desktop/desktoplog.h"
 #include "platform/desktop/desktopsound.h"
-#include "platform/desktop/desktoptones.h"
 #include "platform/desktop/desktopwatchdog.h"
 #include "platform/logging.h"
 #include "platform/soundmanager.h"
@@ -90,13 +89,19 @@ ChildResult runChild(const QStringList &job, const QMap<QString, QString> &envir
             QString::fromLocal8Bit(child.readAllStandardOutput()), QString::fromLocal8Bit(child.readAllStandardError())};
 }
 
+/// The samples of the sound \a id, as a PC plays them.
+std::vector<std::int16_t> samplesOf(int id)
+{
+    return Tones::samples(id, 50);
+}
+
 /// How strongly \a samples sound at \a hz, 1 being a full sine wave.
 double strengthAt(double hz, const std::vector<std::int16_t> &samples)
 {
     double re = 0;
     double im = 0;
     for (std::size_t i = 0; i < samples.size(); ++i) {
-        const double angle = 2 * std::acos(-1.0) * hz * double(i) / Desktop::AudioOutput::sampleRate;
+        const double angle = 2 * std::acos(-1.0) * hz * double(i) / Tones::sampleRate;
         re += samples[i] * std::cos(angle);
         im += samples[i] * std::sin(angle);
     }
@@ -491,7 +496,7 @@ void TestDesktopPlatform::noAudioIsSilentAndKeepsNobodyFromExiting()
 
 void TestDesktopPlatform::soundReachesTheAudioDevice()
 {
-    const std::vector<std::int16_t> tone = Desktop::toneSamples(925);
+    const std::vector<std::int16_t> tone = samplesOf(925);
     bool isPlayed = false;
     // A busy machine opens the audio late.
     for (int wait = 400; wait < LongestWait && !isPlayed; wait *= 2) {
@@ -538,21 +543,21 @@ void TestDesktopPlatform::digitsAreDiallingTones()
     QFETCH(int, id);
     QFETCH(int, low);
     QFETCH(int, high);
-    const std::vector<std::int16_t> samples = Desktop::toneSamples(id);
+    const std::vector<std::int16_t> samples = samplesOf(id);
     for (int hz : {697, 770, 852, 941, 1209, 1336, 1477}) {
         const double strength = strengthAt(hz, samples);
         QVERIFY2(hz == low || hz == high ? strength > 0.1 : strength < 0.02,
                  qPrintable(QString("%1 at %2 Hz").arg(strength).arg(hz)));
     }
-    QVERIFY(loudest(samples) < loudest(Desktop::toneSamples(901)) * 1.2);
+    QVERIFY(loudest(samples) < loudest(samplesOf(901)) * 1.2);
 }
 
 void TestDesktopPlatform::clicksAreShortAndDiffer()
 {
-    const std::vector<std::int16_t> click = Desktop::toneSamples(901);
-    const std::vector<std::int16_t> lowClick = Desktop::toneSamples(872);
-    const std::size_t shortest = Desktop::AudioOutput::sampleRate / 200;
-    const std::size_t longest = Desktop::AudioOutput::sampleRate / 40;
+    const std::vector<std::int16_t> click = samplesOf(901);
+    const std::vector<std::int16_t> lowClick = samplesOf(872);
+    const std::size_t shortest = Tones::sampleRate / 200;
+    const std::size_t longest = Tones::sampleRate / 40;
     QVERIFY(click.size() > shortest && click.size() < longest);
     QVERIFY(lowClick.size() > shortest && lowClick.size() < longest);
     QVERIFY(loudest(click) > 3000);
@@ -563,11 +568,11 @@ void TestDesktopPlatform::clicksAreShortAndDiffer()
 
 void TestDesktopPlatform::unknownSoundIsSoftAndLow()
 {
-    const std::vector<std::int16_t> blip = Desktop::toneSamples(12345);
-    QCOMPARE(Desktop::toneSamples(919), blip);
-    QCOMPARE(Desktop::toneSamples(930), blip);
+    const std::vector<std::int16_t> blip = samplesOf(12345);
+    QCOMPARE(samplesOf(919), blip);
+    QCOMPARE(samplesOf(930), blip);
     QVERIFY(loudest(blip) > 1000);
-    QVERIFY(loudest(blip) < loudest(Desktop::toneSamples(901)));
+    QVERIFY(loudest(blip) < loudest(samplesOf(901)));
     QVERIFY(strengthAt(220, blip) > 2 * strengthAt(600, blip));
 }
 
@@ -583,7 +588,7 @@ void TestDesktopPlatform::soundsStartAndEndWithoutJump_data()
 void TestDesktopPlatform::soundsStartAndEndWithoutJump()
 {
     QFETCH(int, id);
-    const std::vector<std::int16_t> samples = Desktop::toneSamples(id);
+    const std::vector<std::int16_t> samples = samplesOf(id);
     QVERIFY(std::abs(samples.front()) < 100);
     QVERIFY(std::abs(samples.back()) < 100);
 }

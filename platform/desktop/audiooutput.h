@@ -10,15 +10,13 @@ namespace Desktop {
 class AudioOutput
 {
 public:
-    static constexpr int sampleRate = 44100;
-
     /// Gives up the PC's audio service.
     ~AudioOutput();
 
     /// Returns false, without a word on standard error, where the PC cannot play.
     bool open();
 
-    /// Starts the mono \a samples at once, in place of what is still playing.
+    /// Starts the \a samples (platform/common/tones.h) at once, in place of what is still playing.
     void play(const std::vector<std::int16_t> &samples);
 
     /// Stops playing and closes the device. Takes some 20 ms.

@@ -1,5 +1,7 @@
 #include "platform/desktop/audiooutput.h"
 
+#include "platform/common/tones.h"
+
 #include <SDL.h>
 #include <dlfcn.h>
 
@@ -42,7 +44,7 @@ bool Desktop::AudioOutput::open()
         return false;
 
     SDL_AudioSpec wanted = {};
-    wanted.freq = sampleRate;
+    wanted.freq = Tones::sampleRate;
     wanted.format = AUDIO_S16SYS;
     wanted.channels = 1;
     wanted.samples = 512;  // 12 ms: a click is to come with the key

@@ -1,7 +1,7 @@
 #include "platform/desktop/desktopsound.h"
 
+#include "platform/common/tones.h"
 #include "platform/desktop/audiooutput.h"
-#include "platform/desktop/desktoptones.h"
 #include "platform/logging.h"
 #include "platform/soundmanager.h"
 
@@ -18,6 +18,7 @@ namespace {
 
 using Lock = std::unique_lock<std::mutex>;
 
+constexpr int volume = 50;  // percent
 constexpr std::size_t recentMaximum = 32;
 constexpr std::chrono::milliseconds longestExit(200);
 
@@ -54,7 +55,7 @@ void playUntilEnd(Desktop::AudioOutput &output)
         const int id = *p.next;
         p.next.reset();
         lock.unlock();
-        output.play(Desktop::toneSamples(id));
+        output.play(Tones::samples(id, volume));
         lock.lock();
     }
 }

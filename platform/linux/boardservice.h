@@ -5,7 +5,8 @@
 ///
 /// A unit with WatchdogSec= starts the program anew when that no longer answers: from startWatchdog() or the first
 /// registered thread on, systemd is told three times in that time as long as no registered thread hangs
-/// (platform/linux/boardwatchdog.h), besides the hardware watchdog or in its place.
+/// (platform/linux/boardwatchdog.h), besides the hardware watchdog or in its place. A program that ends in order after that
+/// says STOPPING=1.
 namespace Board {
 
 /// Says that the program has started, for a unit with Type=notify: best when the first screen has been painted. Returns

@@ -1,7 +1,7 @@
 #include "platform/linux/boardsound.h"
 
+#include "platform/common/tones.h"
 #include "platform/linux/boardinternal.h"
-#include "platform/linux/boardtones.h"
 #include "platform/linux/soundcard.h"
 #include "platform/logging.h"
 #include "platform/soundmanager.h"
@@ -90,14 +90,14 @@ long long start(int id, Board::SoundCard *card)
 {
     if (!isReady(card))
         return 0;
-    const std::vector<short> samples = Board::toneSamples(id, Board::config().soundVolume);
+    const std::vector<short> samples = Tones::samples(id, Board::config().soundVolume);
     std::string problem;
     if (!card->play(samples, &problem)) {
         failed(problem);
         return 0;
     }
     player().lastProblem.clear();
-    return static_cast<long long>(samples.size()) * 1000 / Board::SoundCard::sampleRate + cardMs;
+    return static_cast<long long>(samples.size()) * 1000 / Tones::sampleRate + cardMs;
 }
 
 // With the mutex. Returns when \a ms have passed, or earlier when another sound or the end has to come.

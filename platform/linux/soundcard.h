@@ -10,8 +10,6 @@ namespace Board {
 class SoundCard
 {
 public:
-    static const int sampleRate = 44100;
-
     /// Whether this program was built to play at all.
     static bool isBuilt();
 
@@ -23,8 +21,8 @@ public:
     /// Opens \a device for one channel. Where it cannot, says why in \a problem.
     bool open(const std::string &device, std::string *problem);
 
-    /// Starts the mono \a samples, in place of what is still playing. Where it cannot, says why in \a problem and closes
-    /// the card.
+    /// Starts the \a samples (platform/common/tones.h), in place of what is still playing. Where it cannot, says why in
+    /// \a problem and closes the card.
     bool play(const std::vector<short> &samples, std::string *problem);
 
     /// Ends what is playing.

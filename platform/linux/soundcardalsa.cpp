@@ -1,5 +1,7 @@
 #include "platform/linux/soundcard.h"
 
+#include "platform/common/tones.h"
+
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -67,7 +69,8 @@ bool Board::SoundCard::open(const std::string &device, std::string *problem)
     int error = snd_pcm_open(&card, device.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK);
     if (error == 0) {
         snd_pcm_nonblock(card, 0);
-        error = snd_pcm_set_params(card, SND_PCM_FORMAT_S16, SND_PCM_ACCESS_RW_INTERLEAVED, 1, sampleRate, 1, bufferUs);
+        error = snd_pcm_set_params(card, SND_PCM_FORMAT_S16, SND_PCM_ACCESS_RW_INTERLEAVED, 1,
+            Tones::sampleRate, 1, bufferUs);
     }
     if (error == 0) {
         m_handle = card;

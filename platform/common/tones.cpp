@@ -1,6 +1,4 @@
-#include "platform/linux/boardtones.h"
-
-#include "platform/linux/soundcard.h"
+#include "platform/common/tones.h"
 
 #include <algorithm>
 #include <cmath>
@@ -51,18 +49,18 @@ Tone toneOf(int id)
 
 }
 
-std::vector<short> Board::toneSamples(int id, int volume)
+std::vector<short> Tones::samples(int id, int volume)
 {
     const Tone tone = toneOf(id);
     const double turn = 2 * std::acos(-1.0);
     const double loudest = tone.loudness * 32767 * volume / 100 / (tone.secondHz > 0 ? 2 : 1);
 
-    std::vector<short> samples(std::size_t(tone.seconds * SoundCard::sampleRate));
-    for (std::size_t i = 0; i < samples.size(); ++i) {
-        const double t = double(i) / SoundCard::sampleRate;
+    std::vector<short> all(std::size_t(tone.seconds * sampleRate));
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const double t = double(i) / sampleRate;
         const double envelope = std::min(1.0, std::min(t / fadeIn, (tone.seconds - t) / tone.fadeOut));
         const double wave = std::sin(turn * tone.hz * t) + std::sin(turn * tone.secondHz * t);
-        samples[i] = short(loudest * envelope * wave);
+        all[i] = short(loudest * envelope * wave);
     }
-    return samples;
+    return all;
 }
