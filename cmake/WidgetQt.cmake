@@ -37,6 +37,14 @@ function(widget_language_standard target)
         CXX_EXTENSIONS OFF)
 endfunction()
 
+# Has the toolkit read once for all sources of \a target, which takes longer than compiling most of them.
+# CMAKE_DISABLE_PRECOMPILE_HEADERS finds an #include that is missing.
+function(widget_read_toolkit_once target)
+    if(NOT WIDGET_QT EQUAL 4)
+        target_precompile_headers(${target} PRIVATE <QtWidgets> ${ARGN})
+    endif()
+endfunction()
+
 # Puts the directories where the toolkit looks for its plug-ins and where its qmake looks for features, relative to where
 # the toolkit is installed, into \a plugins and \a features.
 function(widget_qt_directories plugins features)
