@@ -1,6 +1,6 @@
 #!/bin/bash
-# Builds the first screen against installed packages as their README.md says, with CMake, pkg-config and qmake, and
-# starts it.
+# Builds the first screen against installed packages as their README.md says, with CMake, pkg-config and qmake, for a PC
+# and for a board, and starts it.
 #
 #   application.sh QT
 
@@ -34,27 +34,46 @@ keeps_running()
     [ "$status" -eq 124 ]
 }
 
+# build WAY: in its directory, which has main.cpp and what the way needs.
+build()
+{
+    (
+        cd "$1"
+        case $1 in
+        *cmake)
+            cmake -S . -B build -G Ninja
+            cmake --build build
+            ln -s build/volume
+            ;;
+        *pkg-config)
+            sh -eux build.sh
+            ;;
+        *qmake)
+            if [ "$qt" = 6 ]; then qmake6; else qmake; fi
+            make
+            ;;
+        esac
+        keeps_running ./volume
+    )
+}
+
 set -x
 cd "$(mktemp -d)"
 mkdir cmake pkg-config qmake
+block 'A first screen' cmake 1 > cmake/CMakeLists.txt
+block Packages sh 2 > pkg-config/build.sh
+block Packages qmake 1 > qmake/volume.pro
+block 'On a board' cpp 1 > keys
+[ -s keys ]
 for way in cmake pkg-config qmake; do
     block 'A first screen' cpp 1 > "$way/main.cpp"
     [ -s "$way/main.cpp" ]
+    cp -R "$way" "board-$way"
+    sed -i 's/\(libwidget[-_]\|COMPONENTS \)desktop\([-_]platform\)/\1linux\2/; s/widget-desktop-platform/widget-linux-platform/' \
+        "board-$way"/[!m]*
+    grep -q 'linux[-_]platform' "board-$way"/[!m]*
+    sed -i -e '1i #include "platform/linux/boardkeys.h"' -e '/QApplication application(/{r keys' -e 'd}' "board-$way/main.cpp"
+    build "$way"
+    build "board-$way"
 done
-
-cd cmake
-block 'A first screen' cmake 1 > CMakeLists.txt
-cmake -S . -B build -G Ninja
-cmake --build build
-keeps_running build/volume
-
-cd ../pkg-config
-block Packages sh 2 > build.sh
-sh -eux build.sh
-keeps_running ./volume
-
-cd ../qmake
-block Packages qmake 1 > volume.pro
-if [ "$qt" = 6 ]; then qmake6; else qmake; fi
-make
-keeps_running ./volume
+[ -s "/usr/share/libwidget$([ "$qt" = 6 ] && echo -qt6)/board.conf" ]
