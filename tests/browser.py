@@ -331,6 +331,22 @@ def test_all_keys_arrive():
         page.wait_for_picture(picture_of(*arguments, "--keys", f"{keys} wait:3000"))
 
 
+def test_keys_are_recorded():
+    with tempfile.TemporaryDirectory() as directory:
+        os.chmod(directory, 0o777)
+        file = pathlib.Path(directory, "keys")
+        with Simulation("--record", str(file), *fixed_time) as simulation, Browser() as browser:
+            page = browser.open(simulation.address())
+            page.wait_for_picture(picture_of(*fixed_time))
+            for key in "8", "8", "6":
+                page.press(key)
+            page.wait_for_picture(picture_of(*fixed_time, "--keys", "8 8 6"))
+            simulation.signal(signal.SIGINT)
+            simulation.status()
+        expect(picture_of(*fixed_time, "--keys", f"@{file}") == picture_of(*fixed_time, "--keys", "8 8 6"),
+               f"it recorded {file.read_text()}")
+
+
 def test_arrows_move_the_focus():
     arguments = ["--screen", "contacts", *fixed_time]
     with Simulation(*arguments) as simulation, Browser() as browser:

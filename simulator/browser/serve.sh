@@ -89,7 +89,9 @@ serve_in_browser()
     fi
 
     # The picture tells how large the window will be. Arguments that are wrong end here.
-    (exec -a "$0" "$simulator" "$@" --keys wait:0 --with-keys --picture "$place/window.png") || return
+    leave_out_record "$@"
+    (exec -a "$0" "$simulator" "${arguments_of_picture[@]}" --keys wait:0 --with-keys --picture "$place/window.png") \
+        || return
     start_display "$(size_of "$place/window.png")" || return
     start env -u WAYLAND_DISPLAY DISPLAY="$display" XAUTHORITY="$place/authority" QT_QPA_PLATFORM=xcb \
         "$simulator" "$@"
@@ -110,6 +112,20 @@ serve_in_browser()
     status=$?
     [ $status -le 128 ] || browser_complain "signal $((status - 128)) has ended the simulator."
     return $status
+}
+
+# leave_out_record <argument>...: leaves in arguments_of_picture what does not take a person at the keys.
+leave_out_record()
+{
+    arguments_of_picture=()
+    while [ $# -gt 0 ]; do
+        case $1 in
+        --record) [ $# -lt 2 ] || shift ;;
+        --record=*) ;;
+        *) arguments_of_picture+=("$1") ;;
+        esac
+        shift
+    done
 }
 
 # start_display <size>: leaves its name in "display", and in "password" what the page needs to see it.
