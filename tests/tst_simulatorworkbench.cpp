@@ -985,6 +985,8 @@ void TestSimulatorWorkbench::stateIsKept()
         QVERIFY(bench.click("Clock", "Fails"));
         QVERIFY(bench.click("Clock", "Stands at"));
         EVENTUALLY(!Desktop::fixedLocalTime().empty());
+        QVERIFY(VirtualDisplay::click(bench.tool("With keys")));
+        EVENTUALLY(bench.tool("With keys")->isChecked());
         size = bench.size();
         bench.close();
     }
@@ -1015,6 +1017,7 @@ void TestSimulatorWorkbench::stateIsKept()
     QVERIFY(bench.button("Sounds", "Mute")->isChecked());
     QVERIFY(bench.button("Clock", "Fails")->isChecked());
     QVERIFY(bench.button("Clock", "Stands at")->isChecked());
+    QVERIFY(bench.tool("With keys")->isChecked());
 }
 
 void TestSimulatorWorkbench::wishesGoFirstAndAreNotKept()

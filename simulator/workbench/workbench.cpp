@@ -38,6 +38,7 @@ const QString KeepLogText = QStringLiteral("log/text");
 const QString KeepMuted = QStringLiteral("sound/muted");
 const QString KeepChipWorking = QStringLiteral("clock/chipWorking");
 const QString KeepTime = QStringLiteral("clock/time");
+const QString KeepWithKeys = QStringLiteral("pictures/withKeys");
 
 QString askForNewFile(Workbench *parent, const QString &title, const QString &suggestion, const QString &filter = {})
 {
@@ -207,6 +208,7 @@ void Workbench::takeOver(const Wishes &wishes)
     m_soundPanel->setMuted(m_settings.value(KeepMuted).toBool());
     m_clockPanel->setChipWorking(m_settings.value(KeepChipWorking, true).toBool());
     m_clockPanel->setTime(wishes.time.value_or(m_settings.value(KeepTime).toString()));
+    m_withKeys->setChecked(m_settings.value(KeepWithKeys).toBool());
 
     restoreGeometry(m_settings.value(KeepGeometry).toByteArray());
     restoreState(m_settings.value(KeepPanels).toByteArray());
@@ -228,6 +230,7 @@ void Workbench::keepChanges()
             [this](bool working) { m_settings.setValue(KeepChipWorking, working); });
     connect(m_clockPanel, &ClockPanel::timeChanged, this,
             [this](const QString &time) { m_settings.setValue(KeepTime, time); });
+    connect(m_withKeys, &QAction::toggled, this, [this](bool on) { m_settings.setValue(KeepWithKeys, on); });
 }
 
 void Workbench::keepState()
