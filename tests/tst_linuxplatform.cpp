@@ -587,8 +587,8 @@ void TestLinuxPlatform::sampleFileIsWhatCountsWithoutIt()
     QCOMPARE(empty.errors(), QString());
     const QString usual = empty.output().trimmed();
     QVERIFY(usual.startsWith("/dev/log||8|2||30|1|5000|/dev/rtc0|0|2020|default|50||0|2000|500|100"));
-    // The sample names the watchdog; a program without a file must not restart the machine.
-    QCOMPARE(sample.output().trimmed().replace("/dev/watchdog", ""), usual + "|input /dev/input/event*");
+    // Whoever copies the sample has not asked for a watchdog that may restart the machine.
+    QCOMPARE(sample.output().trimmed(), usual + "|input /dev/input/event*");
 }
 
 void TestLinuxPlatform::badLineIsReportedWithItsNumberAndIgnored_data()
