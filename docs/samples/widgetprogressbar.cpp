@@ -22,6 +22,16 @@ SAMPLE(widgetprogressbar_full, 220, 46, Paper)
     //! [widgetprogressbar_full]
 }
 
+SAMPLE(widgetprogressbar_empty, 220, 46, Paper)
+{
+    //! [widgetprogressbar_empty]
+    WidgetProgressBar *bar = new WidgetProgressBar(screen);
+    bar->resize(220, 46);
+    bar->setItemTitle("Photos");
+    bar->setItemUseMaxValue(0, 4096);
+    //! [widgetprogressbar_empty]
+}
+
 SAMPLE(widgetprogressbar_colours, 220, 46, Paper)
 {
     //! [widgetprogressbar_colours]
