@@ -139,6 +139,8 @@ class FormListView : public WidgetListView
     Q_PROPERTY(bool useFunctionKeys READ useFunctionKeys WRITE setUseFunctionKeys)
     Q_PROPERTY(bool stopAtEnds READ stopAtEnds WRITE setStopAtEnds)
     Q_PROPERTY(bool enterOnOK READ enterOnOK WRITE setEnterOnOK)
+    Q_PROPERTY(bool scrollOnHold READ scrollOnHold WRITE setScrollOnHold)
+    Q_PROPERTY(bool jumpToLetter READ jumpToLetter WRITE setJumpToLetter)
     Q_PROPERTY(bool mirrored READ mirrored WRITE setMirrored)
     Q_PROPERTY(QStringList titles READ titles WRITE setTitles)
 
@@ -163,6 +165,12 @@ public:
 
     bool enterOnOK() const { return m_enterOnOK; }
     void setEnterOnOK(bool enter) { m_enterOnOK = enter; }
+
+    bool scrollOnHold() const { return m_scrollOnHold; }
+    void setScrollOnHold(bool scroll) { m_scrollOnHold = scroll; }
+
+    bool jumpToLetter() const { return m_jumpToLetter; }
+    void setJumpToLetter(bool jump) { m_jumpToLetter = jump; }
 
     bool mirrored() const { return m_mirrored; }
     void setMirrored(bool mirrored);

@@ -88,20 +88,31 @@ QString headerText(const QString &pattern)
     return text;
 }
 
+QString textOf(const QDomElement &element)
+{
+    QString text;
+    QTextStream stream(&text);
+    element.save(stream, 0);
+    return text;
+}
+
+/// A plain widget of a form, in \a place, with \a content.
+QString frame(const QString &name, const QRect &place, const QString &content)
+{
+    return QStringLiteral("<widget class=\"QWidget\" name=\"%1\"><property name=\"geometry\"><rect><x>%2</x><y>%3</y>"
+                          "<width>%4</width><height>%5</height></rect></property>%6</widget>")
+        .arg(name, QString::number(place.x()), QString::number(place.y()), QString::number(place.width()),
+             QString::number(place.height()), content);
+}
+
 /// A form with what comes out of the widget box for \a formClass.
 QByteArray formWith(const QDesignerCustomWidgetInterface *formClass, const QString &connections = QString())
 {
     const QDomElement dom = domOf(formClass);
-    QString widget;
-    QTextStream widgetStream(&widget);
-    dom.firstChildElement(QStringLiteral("widget")).save(widgetStream, 0);
-    QString custom;
-    QTextStream customStream(&custom);
-    dom.firstChildElement(QStringLiteral("customwidgets")).save(customStream, 0);
-    return QStringLiteral("<ui version=\"4.0\"><class>Screen</class><widget class=\"QWidget\" name=\"Screen\">"
-                          "<property name=\"geometry\"><rect><x>0</x><y>0</y><width>%1</width><height>%2</height></rect>"
-                          "</property>%3</widget>%4%5</ui>")
-        .arg(QString::number(ScreenSize.width()), QString::number(ScreenSize.height()), widget, custom, connections)
+    return QStringLiteral("<ui version=\"4.0\"><class>Screen</class>%1%2%3</ui>")
+        .arg(frame(QStringLiteral("Screen"), QRect(QPoint(), ScreenSize),
+                   textOf(dom.firstChildElement(QStringLiteral("widget")))),
+             textOf(dom.firstChildElement(QStringLiteral("customwidgets"))), connections)
         .toUtf8();
 }
 
@@ -436,6 +447,7 @@ private slots:
 
     void looksAsBuiltByHand_data();
     void looksAsBuiltByHand();
+    void formWithAllWidgetsLooksAsBuiltByHand();
     void takesASheetOfItsOwn_data();
     void takesASheetOfItsOwn();
     void showsASampleInDesigner_data();
@@ -670,6 +682,41 @@ void TestDesignerPlugin::looksAsBuiltByHand()
         return;
     }
     QFAIL("nothing is built for this class");
+}
+
+void TestDesignerPlugin::formWithAllWidgetsLooksAsBuiltByHand()
+{
+    const int columns = 5;
+    const int count = int(sizeof builds / sizeof builds[0]);
+    const QSize size(columns * ScreenSize.width(), (count + columns - 1) / columns * ScreenSize.height());
+    QWidget screen;
+    screen.resize(size);
+    QString widgets;
+    QString custom;
+    for (int i = 0; i < count; ++i) {
+        const QRect place(QPoint(i % columns * ScreenSize.width(), i / columns * ScreenSize.height()), ScreenSize);
+        auto *cell = new QWidget(&screen);
+        cell->setGeometry(place);
+        builds[i].build(cell);
+
+        const QDomElement dom = domOf(classNamed(QString::fromLatin1(builds[i].name)));
+        widgets += frame(QStringLiteral("cell%1").arg(i), place, textOf(dom.firstChildElement(QStringLiteral("widget"))));
+        custom += textOf(dom.firstChildElement("customwidgets").firstChildElement("customwidget"));
+    }
+    const QImage expected = pictureOf(screen);
+    screen.hide();
+
+    const std::unique_ptr<QWidget> loaded =
+        load(QStringLiteral("<ui version=\"4.0\"><class>Screen</class>%1<customwidgets>%2</customwidgets></ui>")
+                 .arg(frame(QStringLiteral("Screen"), QRect(QPoint(), size), widgets), custom)
+                 .toUtf8());
+    const QImage actual = pictureOf(*loaded);
+    QCOMPARE(actual.size(), expected.size());
+    for (int i = 0; i < count; ++i) {
+        const QRect place(QPoint(i % columns * ScreenSize.width(), i / columns * ScreenSize.height()), ScreenSize);
+        QVERIFY2(!isOfOneColor(expected.copy(place)), builds[i].name);
+        QVERIFY2(actual.copy(place) == expected.copy(place), builds[i].name);
+    }
 }
 
 void TestDesignerPlugin::takesASheetOfItsOwn_data()

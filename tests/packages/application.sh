@@ -1,6 +1,6 @@
 #!/bin/bash
 # Builds the first screen against installed packages as their README.md says, with CMake, pkg-config and qmake, for a PC
-# and for a board, and starts it.
+# and for a board, and starts it; then an example, and a form of Qt Designer in each way to use one.
 #
 #   application.sh QT
 
@@ -34,6 +34,12 @@ keeps_running()
     [ "$status" -eq 124 ]
 }
 
+make_with_qmake()
+{
+    if [ "$qt" = 6 ]; then qmake6; else qmake; fi
+    make
+}
+
 # build WAY: in its directory, which has main.cpp and what the way needs.
 build()
 {
@@ -49,8 +55,7 @@ build()
             sh -eux build.sh
             ;;
         *qmake)
-            if [ "$qt" = 6 ]; then qmake6; else qmake; fi
-            make
+            make_with_qmake
             ;;
         esac
         keeps_running ./volume
@@ -76,4 +81,26 @@ for way in cmake pkg-config qmake; do
     build "$way"
     build "board-$way"
 done
+
+cp -R /usr/share/doc/libwidget-doc/examples .
+[ "$qt" = 5 ] || sed -i 's/find_package(libwidget /find_package(libwidget-qt6 /' examples/*/CMakeLists.txt
+for example in clock designerform; do
+    cmake -S "examples/$example" -B "built/$example" -G Ninja
+    cmake --build "built/$example"
+done
+keeps_running built/clock/clock
+keeps_running built/designerform/designerform
+keeps_running built/designerform/compiledform
+
+mkdir form
+cp examples/designerform/compiledform.cpp examples/designerform/alarm.ui form
+cd form
+cat > form.pro << 'END'
+SOURCES = compiledform.cpp
+FORMS = alarm.ui
+CONFIG += libwidget libwidget_desktop_platform libwidget_default_pictures libwidget_forms
+END
+make_with_qmake
+keeps_running ./form
+
 [ -s "/usr/share/libwidget$([ "$qt" = 6 ] && echo -qt6)/board.conf" ]
