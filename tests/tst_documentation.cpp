@@ -1,5 +1,6 @@
 // Holds the pages in docs/ to the library: what they show is drawn by it, what they list is what it has.
 
+#include "picturecomparison.h"
 #include "samples.h"
 
 #include "platform/desktop/desktoplog.h"
@@ -312,6 +313,8 @@ private slots:
     void showsWhatItsTextSays();
     void nothingIsCutOff();
     void noTwoPicturesAreTheSame();
+    void readmeShowsWhatIsDrawn_data();
+    void readmeShowsWhatIsDrawn();
     void drawingThemIsNoMistake();
 
     void takesCodeFromWhatIsCompiled_data() { addPages(pagesIn("guide") + pagesIn("classes")); }
@@ -472,6 +475,24 @@ void TestDocumentation::noTwoPicturesAreTheSame()
             QFAIL(qPrintable(QStringLiteral("%1 looks like %2").arg(sample.name, allSamples().at(same).name)));
         pictures << picture;
     }
+}
+
+void TestDocumentation::readmeShowsWhatIsDrawn_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("docs/contacts.png") << "screen_contacts";
+}
+
+void TestDocumentation::readmeShowsWhatIsDrawn()
+{
+    QFETCH(QString, name);
+    const QString path = QString::fromLatin1(QTest::currentDataTag());
+    QVERIFY(readFile("README.md").contains("](" + path + ")"));
+    const QImage shown(QStringLiteral(SOURCE_DIRECTORY "/") + path);
+    const int sample = sampleNames().indexOf(name);
+    const QImage drawn = pictureOf(shownScreen(allSamples().at(sample)).get()).scaled(shown.size());
+    const int differing = differingPixels(drawn, shown);
+    QVERIFY2(differing < shown.width() * shown.height() / 50, qPrintable(QString::number(differing)));
 }
 
 void TestDocumentation::drawingThemIsNoMistake()

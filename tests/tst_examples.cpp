@@ -26,7 +26,8 @@ const QStringList otherExamples = {"board", "designerform", "firstscreen"};
 const int LineLimit = 100;
 const QSize PictureSize(440, 352);
 
-/// Their places in docs/examples.png, in rows of three. With the pictures of --pictures it is made anew by
+/// Their places in docs/examples.png, in rows of three. With the pictures of --pictures, which stand in docs/ too, it is
+/// made anew by
 ///     montage <pictures> -filter point -resize 50% -tile 3x2 -geometry 220x176+5+5 -background '#C9C2BE' -strip
 ///         docs/examples.png
 const QStringList pictureOrder = {"settingsmenu", "textentry", "clock", "homescreen", "longlist", "functionkeys"};
@@ -227,7 +228,10 @@ void TestExamples::pictureIsWritten()
     const QImage picture(directory.filePath(QStringLiteral("example-%1.png").arg(example)));
     QCOMPARE(picture.size(), PictureSize);
 
-    // It is what people see before they build anything.
+    // The guide and README.md show what people see before they build anything.
+    const QImage alone(QStringLiteral(EXAMPLE_DIRECTORY "/../docs/example-%1.png").arg(example));
+    const int differingAlone = differingPixels(picture, alone);
+    QVERIFY2(differingAlone < picture.width() * picture.height() / 50, qPrintable(QString::number(differingAlone)));
     const QSize size = PictureSize / 2;
     const int index = int(pictureOrder.indexOf(example));
     const QPoint place(PictureGap + index % 3 * (size.width() + 2 * PictureGap),

@@ -1,5 +1,7 @@
 // The command line of the simulator, as a program that others start.
 
+#include "picturecomparison.h"
+
 #include <QImage>
 #include <QtTest>
 
@@ -84,6 +86,7 @@ private slots:
     void farNameIsNotSuggested();
     void pictureIsWritten_data();
     void pictureIsWritten();
+    void readmeShowsWhatItLooksLike();
     void pictureGoesThroughPipe();
     void tourMakesItsDirectory();
     void pictureThatCannotBeWrittenIsAnError_data();
@@ -234,6 +237,17 @@ void TestSimulator::pictureIsWritten()
     QCOMPARE(result.output, QString());
     QCOMPARE(QImage(runner.path(name), "PNG").size(), QSize(220, 176));
     QCOMPARE(runner.files(), QStringList(name));
+}
+
+void TestSimulator::readmeShowsWhatItLooksLike()
+{
+    const Runner runner;
+    const Result result = runner.simulate({"--screen", "settings", "--keys", "8", "--zoom", "2", "--with-keys", "--picture",
+                                           "device.png"});
+    QCOMPARE(result.status, 0);
+    const QImage shown(QStringLiteral(README_PICTURES "/device.png"));
+    const int differing = differingPixels(QImage(runner.path("device.png")), shown);
+    QVERIFY2(differing < shown.width() * shown.height() / 50, qPrintable(QString::number(differing)));
 }
 
 void TestSimulator::pictureGoesThroughPipe()

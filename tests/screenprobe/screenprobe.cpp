@@ -10,6 +10,7 @@
 //     picture-2x FILE      the same with four pixels for each
 //     same FILE            the screen looks as in the picture,
 //     other FILE           or otherwise
+//     like FILE            it does up to the edges of letters, which another toolkit may place elsewhere
 //     key 6                presses and releases the key Qt::Key_6
 //     hold 8 20            presses the key, repeats it 20 times and releases it
 //     leave                ends the program, wherever it is
@@ -17,6 +18,7 @@
 // Each step waits until what it says is so. The program is to end by itself after the last one, and not before;
 // otherwise, and where something never comes about, it ends with status 1. So it does where a text is cut.
 
+#include "tests/picturecomparison.h"
 #include "widgetlistview.h"
 
 #include <QAbstractItemView>
@@ -126,6 +128,12 @@ bool looksAs(QWidget *screen, const QString &file)
     if (picture.isNull())
         fail(QStringLiteral("The picture %1 cannot be read.").arg(file));
     return look(screen) == picture.convertToFormat(QImage::Format_RGB32);
+}
+
+bool looksLike(QWidget *screen, const QString &file)
+{
+    const QImage picture(file);
+    return differingPixels(look(screen), picture) < picture.width() * picture.height() / 20;
 }
 
 void send(QEvent::Type type, int key, bool isRepeat)
@@ -242,6 +250,8 @@ private:
             return looksAs(screen, what);
         if (verb == QLatin1String("other"))
             return !looksAs(screen, what);
+        if (verb == QLatin1String("like"))
+            return looksLike(screen, what);
 
         if (verb == QLatin1String("picture"))
             write(look(screen), what);
