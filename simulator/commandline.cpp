@@ -133,6 +133,8 @@ const Option optionTable[] = {
     {"--log-level", "N", "Show log lines up to this level: 2 errors, 16 traces too, 128 all,\n0 none.", takeLogLevel},
     {"--device-only", nullptr, "Show the device without the tools around it.",
      [](Options &options, const QString &) { options.deviceOnly = true; return QString(); }},
+    {"--full-screen", nullptr, "Cover the whole screen with the tools.",
+     [](Options &options, const QString &) { options.fullScreen = true; return QString(); }},
     {"--fresh", nullptr, "Forget which panels were open, and what was switched in them, the last time.",
      [](Options &options, const QString &) { options.fresh = true; return QString(); }},
     {"--help", nullptr, "Print this.",
@@ -154,6 +156,7 @@ const Clash clashes[] = {
     {"--tour", "--screen", "The tour goes to all screens. For a picture of one, give --picture FILE."},
     {"--record", "--picture", "Recording takes a person at the keys."},
     {"--record", "--tour", "Recording takes a person at the keys."},
+    {"--full-screen", "--device-only", "It is the tools that need the room."},
     {"--tour", "--keys", "The tour has keys of its own. For a picture after yours, give --picture FILE."},
 };
 

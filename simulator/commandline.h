@@ -28,6 +28,7 @@ struct Options
     int logLevel = -1;  ///< -1 if not given
 
     bool deviceOnly = false;  ///< no tools around the device
+    bool fullScreen = false;
     bool fresh = false;       ///< nothing is taken over from the last time
 
     bool wantsPictures() const { return !picture.isEmpty() || !tour.isEmpty(); }

@@ -84,6 +84,7 @@ Workbench::Wishes wishesOf(const Options &options)
 {
     Workbench::Wishes wishes;
     wishes.afresh = options.fresh;
+    wishes.fullScreen = options.fullScreen;
     if (options.hasKeyMode)
         wishes.keyMode = options.keyMode;
     if (options.rightToLeft)

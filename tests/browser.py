@@ -159,11 +159,11 @@ class Simulation:
         expect(not answers("127.0.0.1", self.port), "something still answers at the port")
 
 
-def picture_of(*arguments):
+def picture_of(*arguments, parts=("--with-keys",)):
     """What the simulator itself shows with these arguments, as the contents of a PNG file."""
     with tempfile.TemporaryDirectory() as directory:
         file = pathlib.Path(directory, "device.png")
-        subprocess.run([root / "simulate", "--zoom", "2", *arguments, "--with-keys", "--picture", file], check=True,
+        subprocess.run([root / "simulate", "--zoom", "2", *arguments, *parts, "--picture", file], check=True,
                        capture_output=True)
         return file.read_bytes()
 
@@ -248,6 +248,29 @@ class Page:
         for kind in "mousePressed", "mouseReleased":
             self.call("Input.dispatchMouseEvent", type=kind, x=x, y=y, button="left", clickCount=1)
 
+    def find(self, png):
+        """Where a picture stands on the display, to the pixel, as x and y; None if it does not."""
+        return self.evaluate("""(async () => {
+            const shown = document.querySelector('canvas');
+            if (!shown || !shown.width)
+                return null;
+            const picture = new Image();
+            picture.src = 'data:image/png;base64,%s';
+            await picture.decode();
+            const copy = document.createElement('canvas');
+            copy.width = picture.width;
+            copy.height = picture.height;
+            copy.getContext('2d').drawImage(picture, 0, 0);
+            const [a, b] = [copy, shown].map(canvas => new Uint32Array(
+                canvas.getContext('2d').getImageData(0, 0, canvas.width, canvas.height).data.buffer));
+            for (let y = 0; y + copy.height <= shown.height; ++y)
+                for (let x = 0; x + copy.width <= shown.width; ++x)
+                    if (a.every((pixel, i) => pixel == b[(y + Math.floor(i / copy.width)) * shown.width
+                                                         + x + i %% copy.width]))
+                        return [x, y];
+            return null;
+        })()""" % base64.b64encode(png).decode())
+
     def text(self):
         return self.evaluate("document.body ? document.body.innerText.trim() : ''")
 
@@ -329,6 +352,17 @@ def test_all_keys_arrive():
             page.press(key)
         # Until the cells of F1 to F4 are dark again, and the last character waits for no more of the same key.
         page.wait_for_picture(picture_of(*arguments, "--keys", f"{keys} wait:3000"))
+
+
+def test_tools_are_on_the_page_if_wanted():
+    with Simulation("--with-tools", "--fresh", *fixed_time) as simulation, Browser() as browser:
+        page = browser.open(simulation.address())
+        # The shades of the device's case depend on where it stands.
+        wait_for(lambda: page.find(picture_of(*fixed_time, parts=())), "the display among the tools")
+        size = page.evaluate("(c => [c.width, c.height])(document.querySelector('canvas'))")
+        expect(size == [1280, 800], f"the display has {size}")
+        page.press("6")
+        wait_for(lambda: page.find(picture_of(*fixed_time, "--keys", "6", parts=())), "another picture after a key")
 
 
 def test_keys_are_recorded():

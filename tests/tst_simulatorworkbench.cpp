@@ -289,6 +289,7 @@ private slots:
     void wishesGoFirstAndAreNotKept();
     void nothingIsTakenOverWhenStartedAfresh();
     void settingsThatCannotBeReadAreIgnored();
+    void fullScreenIsNotKept();
 
 private:
     std::unique_ptr<QTemporaryDir> m_home;
@@ -1062,6 +1063,31 @@ void TestSimulatorWorkbench::nothingIsTakenOverWhenStartedAfresh()
     }
     Bench bench;
     QCOMPARE(bench.device().keyMode(), KeyMode::Digits);
+}
+
+void TestSimulatorWorkbench::fullScreenIsNotKept()
+{
+    QSize size;
+    {
+        Bench bench;
+        QVERIFY(bench.open("Log"));
+        size = bench.size();
+        bench.close();
+    }
+    {
+        Workbench::Wishes wishes;
+        wishes.fullScreen = true;
+        Bench bench(Settings, wishes);
+        EVENTUALLY_COMPARE(bench.geometry(), bench.screen()->geometry());
+        QVERIFY(VirtualDisplay::click(bench.tool("Log")));
+        EVENTUALLY(!bench.dock("Log")->isVisible());
+        runFor(0);
+        QCOMPARE(bench.geometry(), bench.screen()->geometry());
+        QVERIFY(bench.open("Log"));
+        bench.close();
+    }
+    Bench bench;
+    EVENTUALLY_COMPARE(bench.size(), size);
 }
 
 void TestSimulatorWorkbench::settingsThatCannotBeReadAreIgnored()

@@ -11,6 +11,8 @@ browser_packages=(
 )
 browser_port=6080
 browser_arguments=()
+browser_has_tools=no
+display_with_tools=1280x800
 
 browser_complain() { echo "$0: --browser: $*" >&2; }
 
@@ -26,6 +28,7 @@ take_browser_option()
             fi
             ;;
         --browser=*) take_port "${1#*=}" || return ;;
+        --with-tools) browser_has_tools=yes ;;
         --picture | --picture=* | --tour | --tour=* | --list-screens)
             echo "$0: --browser and ${1%%=*} do not go together. Nothing opens a window for a browser then." >&2
             return 1
@@ -73,7 +76,7 @@ serve_in_browser()
     local simulator=$1 status
     shift
     # A window takes 2 and a picture 1 if no zoom is given.
-    set -- --device-only --zoom 2 "$@"
+    set -- --zoom 2 "$@"
     servants=()
     display=
     place=$(mktemp -d) || return
@@ -92,7 +95,13 @@ serve_in_browser()
     leave_out_record "$@"
     (exec -a "$0" "$simulator" "${arguments_of_picture[@]}" --keys wait:0 --with-keys --picture "$place/window.png") \
         || return
-    start_display "$(size_of "$place/window.png")" || return
+    if [ $browser_has_tools = yes ]; then
+        set -- --full-screen "$@"
+        start_display $display_with_tools || return
+    else
+        set -- --device-only "$@"
+        start_display "$(size_of "$place/window.png")" || return
+    fi
     start env -u WAYLAND_DISPLAY DISPLAY="$display" XAUTHORITY="$place/authority" QT_QPA_PLATFORM=xcb \
         "$simulator" "$@"
     shown=$!

@@ -212,6 +212,11 @@ void Workbench::takeOver(const Wishes &wishes)
 
     restoreGeometry(m_settings.value(KeepGeometry).toByteArray());
     restoreState(m_settings.value(KeepPanels).toByteArray());
+    if (wishes.fullScreen) {
+        // Where there is no window manager, nothing but the geometry does it.
+        setGeometry(screen()->geometry());
+        setWindowState(windowState() | Qt::WindowFullScreen);
+    }
 }
 
 /// From now on: what the user has asked for at the start is for this time only.
@@ -237,7 +242,8 @@ void Workbench::keepState()
 {
     if (!isVisible())
         return;
-    m_settings.setValue(KeepGeometry, saveGeometry());
+    if (!isFullScreen())
+        m_settings.setValue(KeepGeometry, saveGeometry());
     m_settings.setValue(KeepPanels, saveState());
 }
 

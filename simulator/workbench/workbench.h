@@ -37,6 +37,7 @@ public:
         std::optional<QString> time;
         std::optional<int> logLevel;
         bool afresh = false;  ///< nothing is taken over from the last time
+        bool fullScreen = false;
     };
 
     Workbench(const Screens &screens, const QString &firstScreen, int zoom, const Wishes &wishes);
