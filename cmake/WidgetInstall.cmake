@@ -215,6 +215,10 @@ endfunction()
 # Installs what there is to read, and the pages of docs/ as HTML, if they were built.
 function(widget_install_documentation)
     install(FILES README.md DESTINATION ${widget_documentation_dir} COMPONENT documentation)
+    # Debian's packages have it by another name.
+    if(NOT WIDGET_PACKAGES)
+        install(FILES CHANGELOG.md DESTINATION ${widget_documentation_dir} COMPONENT documentation)
+    endif()
     # Not what builds the examples with the library of this tree.
     install(DIRECTORY examples DESTINATION ${widget_documentation_dir} COMPONENT documentation
         PATTERN examples/CMakeLists.txt EXCLUDE)
