@@ -78,6 +78,20 @@ SAMPLE(guide_with_ground, 220, 38, 0xffa8a29f)
 
 // Keys and focus
 
+SAMPLE(guide_order, 220, 46, Paper)
+{
+    //! [guide_order]
+    WidgetListItem *volume = new WidgetListItem(screen, SoundManager::getInstance());
+    volume->resize(220, 46);
+    volume->setTitle("Volume", true);
+    for (int level = 0; level <= 10; ++level)
+        volume->addValue(QString::number(level));
+    screen->show();  // only now all of it is dressed, once
+
+    volume->setDisplayValueIndex(7);  // a text: nothing is dressed again
+    //! [guide_order]
+}
+
 SAMPLE(guide_function_keys, 220, 176, Paper)
 {
     //! [guide_function_keys]
