@@ -214,10 +214,17 @@ protected:
         const int count = m_model ? m_model->rowCount() : 0;
         if (count == 0)
             return;
-        // There and back: the rows stand where they do for that.
-        list->setFocusAtItem(count - 1);
-        time().settle();
-        list->setFocusAtItem(std::min(m_above, count - 1));
+        // There and back: the rows stand where they do for that. One that is hidden moves none of them.
+        QList<int> seen;
+        for (int row = 0; row < count; ++row) {
+            if (!m_hidden.contains(m_model->index(row, 0)))
+                seen << row;
+        }
+        if (!seen.isEmpty()) {
+            list->setFocusAtItem(seen.last());
+            time().settle();
+            list->setFocusAtItem(seen.at(std::min(m_above, int(seen.size()) - 1)));
+        }
         list->setFocusAtItem(std::min(m_row, count - 1));
         // Both, so that the focus is as good as the same.
         list->setFocus();
