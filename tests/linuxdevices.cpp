@@ -17,9 +17,13 @@
 #include <sstream>
 #include <string>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace {
+
+const unsigned int InputMajor = 13;
 
 std::string directory()
 {
@@ -27,17 +31,20 @@ std::string directory()
     return path ? path : "";
 }
 
-// The name of the device behind \a descriptor, or nothing for what is none of ours.
-std::string deviceOf(int descriptor)
+// The name of the device at \a path, or nothing for what is none of ours.
+std::string deviceAt(const std::string &path)
 {
     const std::string ours = directory();
+    const bool isOurs = !ours.empty() && path.compare(0, ours.size(), ours) == 0;
+    return isOurs ? path.substr(ours.size()) : std::string();
+}
+
+std::string deviceOf(int descriptor)
+{
     char path[4096];
     const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
     const ssize_t length = readlink(link.c_str(), path, sizeof(path));
-    if (ours.empty() || length < 0)
-        return std::string();
-    const std::string target(path, std::size_t(length));
-    return target.compare(0, ours.size(), ours) == 0 ? target.substr(ours.size()) : std::string();
+    return length < 0 ? std::string() : deviceAt(std::string(path, std::size_t(length)));
 }
 
 bool hasState(const std::string &device)
@@ -189,3 +196,16 @@ extern "C" __attribute__((visibility("default"))) int clock_settime(clockid_t, c
     record("clock_settime " + std::to_string(time->tv_sec));
     return 0;
 }
+
+// Older ones have it in the header.
+#if !defined(__GLIBC__) || __GLIBC_PREREQ(2, 33)
+extern "C" __attribute__((visibility("default"))) int stat(const char *path, struct stat *status) noexcept
+{
+    const int answer = fstatat(AT_FDCWD, path, status, 0);
+    const std::string device = answer == 0 ? deviceAt(path) : std::string();
+    const std::string number = device.empty() ? std::string() : state(device, "number ");
+    if (!number.empty())
+        status->st_rdev = makedev(InputMajor, unsigned(std::stoi(number)));
+    return answer;
+}
+#endif

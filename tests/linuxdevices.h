@@ -25,7 +25,8 @@
 ///
 ///     watchdog*  state "seconds 60" has that time whatever is asked for, "refuse" none that can be set
 ///     rtc*       state "2031-05-06 07:08:09" or "now"; without a state it cannot be read
-///     event*     state "keys 2 28" has these codes, "held 28" the ones that are held, "name x", "refuse" cannot be grabbed
+///     event*     state "keys 2 28" has these codes, "held 28" the ones that are held, "name x", "refuse" cannot be grabbed,
+///                "number 64" has that number as the kernel's devices have one
 ///
 /// The system time is never set: that is a request "clock_settime <seconds>", refused where there is a state "clock".
 class DeviceDirectory

@@ -61,6 +61,13 @@ void makeActive(QWidget *window)
 /// The directory of the devices that this process reads, with its configuration.
 DeviceDirectory *devices = nullptr;
 
+// Whether FIFOs can be given the numbers of devices here.
+bool hasNumber(const QString &name)
+{
+    struct stat status;
+    return stat(devices->path(name).toLocal8Bit().constData(), &status) == 0 && status.st_rdev != 0;
+}
+
 /// A window with the focus, and the keys of all devices.
 class Screen
 {
@@ -155,6 +162,7 @@ private slots:
     void twoKeysOfATableThatAreTheSameAreOneKey();
     void keyHeldBeforeItsDeviceIsReadWaitsForItsNextPress();
     void deviceWithoutAKeyOfTheTableIsLeftAlone();
+    void keypadThatTakesTheNumberOfAnotherDeviceIsRead();
 
     void unpluggedDeviceLetsGoOfItsKeys();
     void deviceWhoseNodeStaysLetsGoOfItsKeysToo();
@@ -463,6 +471,20 @@ void TestLinuxKeys::deviceWithoutAKeyOfTheTableIsLeftAlone()
     InputDevice mouse(*devices, "event1", "keys 272 273\n");  // BTN_LEFT, BTN_RIGHT
     Screen screen;
     QCOMPARE(screen.keys.devices(), QStringList(devices->path("event0")));
+}
+
+void TestLinuxKeys::keypadThatTakesTheNumberOfAnotherDeviceIsRead()
+{
+    QScopedPointer<InputDevice> device(new InputDevice(*devices, "event1", "number 65\nkeys 272 273\n"));
+    if (!hasNumber("event1"))
+        QSKIP("This system's library does not let a test give a FIFO a number");
+    Screen screen;
+    QCOMPARE(screen.keys.devices(), QStringList(devices->path("event0")));
+    device.reset();
+    device.reset(new InputDevice(*devices, "event1", "number 65\nkeys 3\n"));
+    EVENTUALLY_COMPARE(screen.keys.devices(), (QStringList{devices->path("event0"), devices->path("event1")}));
+    device->press(KEY_2);
+    EVENTUALLY_COMPARE(screen.window.keys, QStringList("press 2"));
 }
 
 void TestLinuxKeys::unpluggedDeviceLetsGoOfItsKeys()

@@ -27,22 +27,32 @@ const char usualInput[] = "/dev/input/event*";
 
 typedef std::vector<std::string> Paths;
 
-// One device has the same identity under each of its paths, and a new device another one.
+// One device has the same identity under each of its paths.
 struct Identity
 {
     dev_t fileSystem;
     ino_t file;
-    dev_t device;
+    dev_t device;  // its number, or 0 for what has none
 };
 
-bool operator==(const Identity &one, const Identity &other)
+bool isSameNode(const Identity &one, const Identity &other)
 {
     return one.fileSystem == other.fileSystem && one.file == other.file && one.device == other.device;
 }
 
-bool contains(const std::vector<Identity> &all, const Identity &identity)
+// A node may be removed and made again for a device that stays.
+bool isSameDevice(const Identity &one, const Identity &other)
 {
-    return std::find(all.begin(), all.end(), identity) != all.end();
+    return one.device ? one.device == other.device : isSameNode(one, other);
+}
+
+bool hasNode(const std::vector<Identity> &all, const Identity &identity)
+{
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (isSameNode(all[i], identity))
+            return true;
+    }
+    return false;
 }
 
 bool identify(const std::string &path, Identity *identity)
@@ -50,10 +60,9 @@ bool identify(const std::string &path, Identity *identity)
     struct stat status;
     if (stat(path.c_str(), &status) != 0)
         return false;
+    identity->fileSystem = status.st_dev;
+    identity->file = status.st_ino;
     identity->device = status.st_rdev;
-    // A node may be removed and made again for a device that stays.
-    identity->fileSystem = status.st_rdev ? 0 : status.st_dev;
-    identity->file = status.st_rdev ? 0 : status.st_ino;
     return true;
 }
 
@@ -144,7 +153,7 @@ private:
     const KeyTable m_table;
     Paths m_patterns;
     std::vector<Device *> m_devices;
-    std::vector<Identity> m_ignored;            // without a key of the table
+    std::vector<Identity> m_ignored;            // without a key of the table; another one may get the same number
     std::map<std::string, Problem> m_problems;  // the last one of each path
 
     int m_inotify;
@@ -311,12 +320,12 @@ void Board::Keys::Reader::lookForDevices(Occasion occasion)
         if (!identify(paths[i], &identity))
             continue;
         seen.push_back(identity);
-        if (!isOpen(identity) && !contains(m_ignored, identity))
+        if (!isOpen(identity) && !hasNode(m_ignored, identity))
             openDevice(paths[i], identity, occasion);
     }
 
     for (std::size_t i = m_ignored.size(); i-- > 0;) {
-        if (!contains(seen, m_ignored[i]))
+        if (!hasNode(seen, m_ignored[i]))
             m_ignored.erase(m_ignored.begin() + std::ptrdiff_t(i));
     }
     std::map<std::string, Problem>::iterator it = m_problems.begin();
@@ -365,7 +374,7 @@ void Board::Keys::Reader::openDevice(const std::string &path, const Identity &id
 bool Board::Keys::Reader::isOpen(const Identity &identity) const
 {
     for (std::size_t i = 0; i < m_devices.size(); ++i) {
-        if (m_devices[i]->identity == identity)
+        if (isSameDevice(m_devices[i]->identity, identity))
             return true;
     }
     return false;
