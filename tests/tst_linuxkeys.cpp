@@ -167,6 +167,7 @@ private slots:
     void unpluggedDeviceLetsGoOfItsKeys();
     void deviceWhoseNodeStaysLetsGoOfItsKeysToo();
     void devicePluggedAgainIsRead();
+    void devicePluggedAgainBeforeItWasMissedIsRead();
     void onlyOneOfTwoDevicesIsUnplugged();
 
     void keyReleasedInAnOverrunIsReleased();
@@ -523,6 +524,22 @@ void TestLinuxKeys::devicePluggedAgainIsRead()
         init();
         EVENTUALLY_COMPARE(screen.keys.devices(), QStringList(devices->path("event0")));
     }
+}
+
+void TestLinuxKeys::devicePluggedAgainBeforeItWasMissedIsRead()
+{
+    const QByteArray state = "number 65\nkeys 3\n";
+    QScopedPointer<InputDevice> device(new InputDevice(*devices, "event1", state));
+    if (!hasNumber("event1"))
+        QSKIP("This system's library does not let a test give a FIFO a number");
+    Screen screen;
+    device->press(KEY_2);
+    EVENTUALLY(screen.window.keys.contains("press 2"));
+    device.reset();
+    device.reset(new InputDevice(*devices, "event1", state));
+    EVENTUALLY(screen.window.keys.contains("release 2"));
+    device->press(KEY_2);
+    EVENTUALLY_COMPARE(int(screen.window.keys.count("press 2")), 2);
 }
 
 void TestLinuxKeys::onlyOneOfTwoDevicesIsUnplugged()

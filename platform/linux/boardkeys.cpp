@@ -253,8 +253,8 @@ QStringList Board::Keys::Reader::devices() const
 
 void Board::Keys::Reader::ready()
 {
+    readDevices();  // first, so that what has gone is not taken for what has come under its number
     readDirectoryEvents();
-    readDevices();
     deliver();
 }
 
