@@ -338,6 +338,9 @@ private slots:
     void manyBadLinesAreCounted();
     void fileThatCannotBeReadIsReported_data();
     void fileThatCannotBeReadIsReported();
+    void fileIsReadAsFarAsALimit_data();
+    void fileIsReadAsFarAsALimit();
+    void fileThatFailsWhileItIsReadIsReported();
 
     void hardwareWatchdogIsFedAndStoppedAtExit();
     void hardwareWatchdogMayGoOnAfterExit();
@@ -686,6 +689,45 @@ void TestLinuxPlatform::fileThatCannotBeReadIsReported()
     QVERIFY2(child.errors().contains(QString("  [board] %1: %2, the default values count\n").arg(path, problem)),
              qPrintable(child.errors()));
     QCOMPARE(child.output().section('|', 5, 5), QString("30"));
+}
+
+void TestLinuxPlatform::fileIsReadAsFarAsALimit_data()
+{
+    const qint64 more = 1000000000;  // a file with holes, so that this takes no place on the disk
+    QTest::addColumn<QByteArray>("start");
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<bool>("isRead");
+    QTest::newRow("as much as may be") << QByteArray("watchdog_s = 7\n#") << qint64(65536) << true;
+    QTest::newRow("a byte more") << QByteArray("watchdog_s = 7\n#") << qint64(65537) << false;
+    QTest::newRow("one line without an end") << QByteArray("watchdog_s = 7\n") << more << false;
+}
+
+void TestLinuxPlatform::fileIsReadAsFarAsALimit()
+{
+    QFETCH(QByteArray, start);
+    QFETCH(qint64, size);
+    QFETCH(bool, isRead);
+    DeviceDirectory board;
+    board.write("board.conf", start);
+    QVERIFY(QFile::resize(board.path("board.conf"), size));
+    Child child(board, {"printConfig"});
+    QVERIFY(child.ends());
+    const QString problem = "  [board] " + board.path("board.conf")
+            + (isRead ? ":2: more than 1000 bytes, line ignored\n" : ": more than 65536 bytes, the default values count\n");
+    QVERIFY2(child.errors().endsWith(problem), qPrintable(child.errors()));
+    QCOMPARE(int(child.errors().count('\n')), 1);
+    QCOMPARE(child.output().section('|', 5, 5), QString(isRead ? "7" : "30"));
+}
+
+void TestLinuxPlatform::fileThatFailsWhileItIsReadIsReported()
+{
+    // A process has nothing at the start of its memory.
+    const QString path = "/proc/self/mem";
+    DeviceDirectory board;
+    Child child(board, {"printConfig"}, {{"WIDGET_BOARD_CONF", path}});
+    QVERIFY(child.ends());
+    const QString problem = "  [board] " + path + ": Input/output error, the default values count\n";
+    QVERIFY2(child.errors().endsWith(problem), qPrintable(child.errors()));
 }
 
 // ---- The watchdog ----

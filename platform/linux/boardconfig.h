@@ -15,7 +15,8 @@
 /// A line with an unknown name, a value that is no number or out of range, or none of the words that are allowed, is
 /// ignored and logged at level 2: `[board] <file>:12: "3O" is no number from 1 to 3600, line ignored`. After twenty of
 /// these the rest is only counted. Without the file all values are the default ones, which is logged at level 16, and at
-/// level 2 where WIDGET_BOARD_CONF names it. No default value names a hardware watchdog: a program that is tried out on
+/// level 2 where WIDGET_BOARD_CONF names it. So are they, at level 2, where the file cannot be read to its end or has more
+/// than 65536 bytes: nothing of it counts then. No default value names a hardware watchdog: a program that is tried out on
 /// a PC must not be able to restart it.
 namespace Board {
 
