@@ -2,6 +2,7 @@
 // that it is linked with, and for the libraries that this loads. A library that is loaded before all others would do the
 // same, but the sanitizers want to be that one.
 
+#include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -16,6 +17,7 @@
 #include <linux/watchdog.h>
 #include <sstream>
 #include <string>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
@@ -109,8 +111,12 @@ int watchdog(const std::string &device, unsigned long request, int *seconds)
 
 int chip(const std::string &device, unsigned long request, rtc_time *registers)
 {
+    static std::atomic<bool> isInterrupted(false);
     if (request != RTC_RD_TIME || !hasState(device))
         return failure(EIO);
+    if (hasState("interrupt") && !isInterrupted.exchange(true))
+        return failure(EINTR);
+    usleep(1000);  // behind a slow bus
     const std::string text = state(device, "");
     if (text == "now") {
         const time_t now = time(nullptr);
@@ -166,6 +172,29 @@ int input(const std::string &device, unsigned long request, void *argument)
     return 0;
 }
 
+// Of the kernel's chips, one at a time can be open.
+int openedChip(int chip)
+{
+    static std::atomic<int> openings(0);
+    const std::string taken = state("taken", "");
+    const bool isFree = taken.empty() || openings++ >= std::stoi(taken);
+    if (isFree && flock(chip, LOCK_EX | LOCK_NB) == 0)
+        return chip;
+    record("rtc taken");
+    close(chip);
+    return failure(EBUSY);
+}
+
+}
+
+extern "C" __attribute__((visibility("default"))) int open(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    const int descriptor = openat(AT_FDCWD, path, flags, mode);
+    return descriptor >= 0 && deviceAt(path).compare(0, 3, "rtc") == 0 ? openedChip(descriptor) : descriptor;
 }
 
 extern "C" __attribute__((visibility("default"))) int ioctl(int descriptor, unsigned long request, ...) noexcept

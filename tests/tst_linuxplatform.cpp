@@ -22,6 +22,7 @@
 #include <cstdio>
 #include <cstring>
 #include <iostream>
+#include <sys/file.h>
 #include <thread>
 
 namespace {
@@ -192,6 +193,19 @@ void setTimes()
         print(set_time() ? "set" : "not set");
 }
 
+void setTimesFromThreads()
+{
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([] {
+            for (int time = 0; time < 25; ++time)
+                set_time();
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+}
+
 void printLocalTimes()
 {
     for (std::string line = nextLine(); !line.empty(); line = nextLine()) {
@@ -247,6 +261,8 @@ void doJob(QStringList arguments)
         watchAnswering();
     else if (job == "setTimes")
         setTimes();
+    else if (job == "setTimesFromThreads")
+        setTimesFromThreads();
     else if (job == "printLocalTimes")
         printLocalTimes();
     else if (job == "playSteps")
@@ -371,6 +387,10 @@ private slots:
     void chipThatCannotHelpChangesNothing();
     void systemTimeThatMayNotBeSetIsReported();
     void reasonIsLoggedOnce();
+    void threadsDoNotTakeTheChipFromEachOther();
+    void chipThatIsTakenIsTriedAgain();
+    void chipThatStaysTakenIsReported();
+    void signalDoesNotEndTheReadingOfTheChip();
     void chipOfThisMachineIsRead();
     void tickCountsSeconds();
     void localTimeFollowsTheZone();
@@ -1132,6 +1152,60 @@ void TestLinuxPlatform::reasonIsLoggedOnce()
     board.setState("rtc", "2001-01-01 00:00:00");
     QVERIFY(sets("not set"));
     QCOMPARE(board.log.texts(), (QStringList{unreadable, early, early}));
+}
+
+void TestLinuxPlatform::threadsDoNotTakeTheChipFromEachOther()
+{
+    TestBoard board("clock_device = @rtc\n");
+    board.setState("rtc", "2031-05-06 07:08:09");
+    board.write("rtc", QByteArray());
+    Child child(board, {"setTimesFromThreads"});
+    QVERIFY(child.ends());
+    QCOMPARE(int(board.requests().size()), 100);
+    QCOMPARE(int(board.requests().count("clock_settime 1935817689")), 100);
+    QCOMPARE(board.log.texts(), QStringList());
+}
+
+void TestLinuxPlatform::chipThatIsTakenIsTriedAgain()
+{
+    TestBoard board("clock_device = @rtc\n");
+    board.setState("rtc", "2031-05-06 07:08:09");
+    board.write("rtc", QByteArray());
+    board.setState("taken", "3");
+    Child child(board, {"setTimes"});
+    child.tell("set");
+    QVERIFY(child.ends());
+    QCOMPARE(child.output(), QString("set\n"));
+    QCOMPARE(board.requests(), (QStringList{"rtc taken", "rtc taken", "rtc taken", "clock_settime 1935817689"}));
+    QCOMPARE(board.log.texts(), QStringList());
+}
+
+void TestLinuxPlatform::chipThatStaysTakenIsReported()
+{
+    TestBoard board("clock_device = @rtc\n");
+    board.setState("rtc", "2031-05-06 07:08:09");
+    board.write("rtc", QByteArray());
+    const int other = open(board.path("rtc").toLocal8Bit().constData(), O_RDONLY | O_CLOEXEC);
+    QCOMPARE(flock(other, LOCK_EX), 0);
+    Child child(board, {"setTimes"});
+    child.tell("set");
+    QVERIFY(child.ends());
+    close(other);
+    QCOMPARE(child.output(), QString("not set\n"));
+    QCOMPARE(board.log.texts(), QStringList("[clock] " + board.path("rtc") + ": Device or resource busy"));
+}
+
+void TestLinuxPlatform::signalDoesNotEndTheReadingOfTheChip()
+{
+    TestBoard board("clock_device = @rtc\n");
+    board.setState("rtc", "2031-05-06 07:08:09");
+    board.setState("interrupt", "");
+    board.write("rtc", QByteArray());
+    Child child(board, {"setTimes"});
+    child.tell("set");
+    QVERIFY(child.ends());
+    QCOMPARE(child.output(), QString("set\n"));
+    QCOMPARE(board.log.texts(), QStringList());
 }
 
 void TestLinuxPlatform::chipOfThisMachineIsRead()
