@@ -23,6 +23,7 @@
 #include <cstring>
 #include <iostream>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <thread>
 
 namespace {
@@ -114,6 +115,24 @@ void logToClosedErrors()
     close(ends[1]);
     Logging::log(Logging::LogError, "unheard");
     print("alive");
+}
+
+// Standard error is a file on a disk that is full for a while.
+void logToFullDisk(const QStringList &arguments)
+{
+    const std::string path = arguments[0].toStdString();
+    const int file = open(path.c_str(), O_RDWR | O_CREAT | O_APPEND, 0600);
+    dup2(file, STDERR_FILENO);
+    signal(SIGXFSZ, SIG_IGN);
+    rlimit limit;
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit full = {10, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+    for (int i = 0; i < 3; ++i)
+        Logging::log(Logging::LogError, "cut");
+    setrlimit(RLIMIT_FSIZE, &limit);
+    Logging::log(Logging::LogError, "whole");
+    Logging::log(Logging::LogError, "too");
 }
 
 void logAndKeepErrno()
@@ -251,6 +270,8 @@ void doJob(QStringList arguments)
         logToFullErrors();
     else if (job == "logToClosedErrors")
         logToClosedErrors();
+    else if (job == "logToFullDisk")
+        logToFullDisk(arguments);
     else if (job == "logAndKeepErrno")
         logAndKeepErrno();
     else if (job == "printConfig")
@@ -344,6 +365,7 @@ private slots:
     void withoutSyslogLinesGoToStandardError();
     void syslogThatIsStartedAnewIsFoundAgain();
     void fullStandardErrorDoesNotBlock();
+    void lineCutByAFullDiskIsEndedAndCounted();
     void closedStandardErrorDoesNoHarm();
     void logKeepsErrno();
 
@@ -575,6 +597,21 @@ void TestLinuxPlatform::fullStandardErrorDoesNotBlock()
     const QStringList lines = child.output().split('\n');
     QVERIFY2(lines[0].endsWith("  [log] 3 lines were lost"), qPrintable(lines[0]));
     QVERIFY2(lines.value(1).endsWith("  heard"), qPrintable(lines.value(1)));
+}
+
+void TestLinuxPlatform::lineCutByAFullDiskIsEndedAndCounted()
+{
+    DeviceDirectory board;
+    board.write("board.conf", "log_device = " + board.path("none").toLocal8Bit() + '\n');
+    Child child(board, {"logToFullDisk", board.path("errors")});
+    QVERIFY(child.ends());
+    const QList<QByteArray> lines = contentOf(board.path("errors")).split('\n');
+    QCOMPARE(int(lines.size()), 5);
+    QCOMPARE(int(lines[0].size()), 10);
+    QVERIFY2(lines[1].endsWith("  [log] 3 lines were lost"), lines[1].constData());
+    QVERIFY2(lines[2].endsWith("  whole"), lines[2].constData());
+    QVERIFY2(lines[3].endsWith("  too"), lines[3].constData());
+    QCOMPARE(lines[4], QByteArray());
 }
 
 void TestLinuxPlatform::closedStandardErrorDoesNoHarm()
