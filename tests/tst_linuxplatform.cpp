@@ -385,6 +385,7 @@ private slots:
     void hardwareWatchdogGoesOnAfterACrash();
     void hangingThreadIsNamedAndEndsFeeding();
     void oneHangingThreadIsEnough();
+    void failedWatchdogIsNotOpenedAgainWhileAThreadHangs();
     void threadThatStopsIsNotWatched();
     void unknownThreadIsReported();
     void timeOfTheWatchdogIsItsOwn_data();
@@ -869,6 +870,23 @@ void TestLinuxPlatform::oneHangingThreadIsEnough()
     device.readAll();
     passTime(1000);
     QCOMPARE(device.readAll(), QByteArray());
+}
+
+void TestLinuxPlatform::failedWatchdogIsNotOpenedAgainWhileAThreadHangs()
+{
+    // Each time it is opened it cannot be set, and takes nothing then.
+    TestBoard board("watchdog_device = /dev/full\nwatchdog_s = 1\nthread_timeout_ms = 700\n");
+    const auto openings = [&board] { return int(board.log.texts().filter("Its time cannot be set").size()); };
+    Child child(board, {"watchSteps"});
+    child.tell("watch");
+    EVENTUALLY(openings() >= 2);
+    child.tell("start x");
+    EVENTUALLY(!board.log.texts().filter("\"x\" has not answered").isEmpty());
+    const int before = openings();
+    passTime(1500);
+    QCOMPARE(openings(), before);
+    EVENTUALLY((child.tell("kick x"), openings()) > before);
+    QVERIFY(child.ends());
 }
 
 void TestLinuxPlatform::threadThatStopsIsNotWatched()

@@ -18,7 +18,7 @@
 /// gets its messages, and none, by the same rule (platform/linux/boardservice.h).
 ///
 /// A device that is missing, taken or not allowed is logged at level 2 and tried again every ten seconds; so is one that
-/// fails later on. A device without a time to be set keeps its own, which is logged at level 2 too.
+/// fails later on, but not while a thread hangs, as opening it feeds it. A device without a time to be set keeps its own, which is logged at level 2 too.
 ///
 /// When the process ends by exit() or by return from main(), the device is told to stop (the magic close), unless
 /// "watchdog_at_exit" is keep; some drivers never stop. A process that ends otherwise, as by a signal, leaves it running:
