@@ -660,6 +660,8 @@ void TestLinuxPlatform::badLineIsReportedWithItsNumberAndIgnored_data()
     QTest::newRow("no value at all") << QByteArray("watchdog_s") << "\"watchdog_s\" is no \"name = value\"";
     QTest::newRow("empty value") << QByteArray("clock_device =  # none") << "\"clock_device\" has no value";
     QTest::newRow("none where there has to be one") << QByteArray("log_device = none") << "\"log_device\" has no value";
+    QTest::newRow("long socket") << QByteArray("log_device = ") + QByteArray(108, '/')
+                                 << "\"" + QString(60, '/') + "...\" is too long for a socket";
     QTest::newRow("no number") << QByteArray("watchdog_s = 3O") << "\"3O\" is no number from 1 to 3600";
     QTest::newRow("no number, empty") << QByteArray("watchdog_s =") << "\"\" is no number from 1 to 3600";
     QTest::newRow("too small") << QByteArray("thread_timeout_ms = 9") << "\"9\" is no number from 10 to 3600000";

@@ -12,6 +12,7 @@
 #include <pthread.h>
 #include <sstream>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <syslog.h>
 #include <unistd.h>
 
@@ -20,6 +21,7 @@ namespace {
 const char defaultFile[] = "/etc/libwidget/board.conf";
 const std::size_t longestFile = 65536;
 const std::size_t longestLine = 1000;
+const std::size_t longestSocket = sizeof(static_cast<sockaddr_un *>(0)->sun_path) - 1;
 const std::size_t mostProblems = 20;
 
 typedef Board::Config Config;
@@ -29,6 +31,7 @@ struct Text
     const char *name;
     std::string Config::*field;
     bool mayBeNone;
+    std::size_t longest;
 };
 
 struct Number
@@ -48,12 +51,12 @@ struct Choice
 };
 
 const Text texts[] = {
-    {"log_device", &Config::logDevice, false},
-    {"log_name", &Config::logName, false},
-    {"watchdog_device", &Config::watchdogDevice, true},
-    {"clock_device", &Config::clockDevice, true},
-    {"sound_device", &Config::soundDevice, true},
-    {"language_file", &Config::languageFile, true},
+    {"log_device", &Config::logDevice, false, longestSocket},
+    {"log_name", &Config::logName, false, longestLine},
+    {"watchdog_device", &Config::watchdogDevice, true, longestLine},
+    {"clock_device", &Config::clockDevice, true, longestLine},
+    {"sound_device", &Config::soundDevice, true, longestLine},
+    {"language_file", &Config::languageFile, true, longestLine},
 };
 
 const Number numbers[] = {
@@ -169,6 +172,8 @@ bool setText(int line, const std::string &name, const std::string &value)
         const bool isNone = value == "none";
         if (value.empty() || (isNone && !texts[i].mayBeNone))
             addProblem(line, quoted(name) + " has no value");
+        else if (value.size() > texts[i].longest)
+            addProblem(line, quoted(value) + " is too long for a socket");
         else
             loaded->config.*texts[i].field = isNone ? std::string() : value;
         return true;
