@@ -32,7 +32,7 @@ struct Config
     std::string watchdogDevice;  ///< "watchdog_device"; empty: the file says none
     int watchdogSeconds;         ///< "watchdog_s"
     int watchdogStopsAtExit;     ///< "watchdog_at_exit": 1 stop, 0 keep
-    int threadTimeoutMs;         ///< "thread_timeout_ms"
+    int threadTimeoutMs;         ///< "thread_timeout_ms"; how small it may be says platform/linux/boardwatchdog.h
 
     std::string clockDevice;  ///< "clock_device"; empty: the file says none
     int clockIsLocal;         ///< "clock_zone": 1 local, 0 utc

@@ -7,7 +7,9 @@
 /// What a board adds to the watchdog (platform/util.h). Callable from any thread.
 ///
 /// A registered thread that does not kick for "thread_timeout_ms" of the configuration hangs. That is logged at level 2,
-/// and once more when it kicks again. Threads may share a name: each is watched by itself. A thread that registers again
+/// and once more when it kicks again. A time shorter than the pause between two kicks has every thread hang: those of
+/// WidgetClock and WidgetDate kick once each m_interval, 100 and 300 ms at first, and later where the clock chip has to be
+/// waited for; examples/board kicks once a second. Threads may share a name: each is watched by itself. A thread that registers again
 /// under its name starts afresh. A kick or stop from a thread that is not registered under the name counts for the longest
 /// registered one that is; where none is, that is logged at level 2.
 ///
