@@ -283,6 +283,16 @@ public:
         return QString::fromLocal8Bit(m_errors);
     }
 
+    /// Whether it has the file at \a path open.
+    bool hasOpen(const QString &path) const
+    {
+        const QDir open(QString("/proc/%1/fd").arg(m_process.processId()));
+        for (const QString &name : open.entryList(QDir::Files | QDir::System))
+            if (QFile::symLinkTarget(open.filePath(name)) == path)
+                return true;
+        return false;
+    }
+
     /// Ends the job's input. Returns whether it then ended in order.
     bool ends()
     {

@@ -393,6 +393,7 @@ private slots:
     void watchdogThatCannotBeOpenedIsReported_data();
     void watchdogThatCannotBeOpenedIsReported();
     void watchdogThatTakesNothingIsReportedAndFedLater();
+    void watchdogOfThisMachineIsFedAndStopped();
 
     void systemdIsToldOfTheStart_data();
     void systemdIsToldOfTheStart();
@@ -426,6 +427,7 @@ private slots:
     void cardThatIsBackPlaysTheLastSounds();
     void silentBoardOpensNoCard_data();
     void silentBoardOpensNoCard();
+    void cardOfThisMachinePlays();
 
     void directionIsThatOfTheLocale_data();
     void directionIsThatOfTheLocale();
@@ -982,6 +984,28 @@ void TestLinuxPlatform::watchdogThatTakesNothingIsReportedAndFedLater()
     QVERIFY(child.ends());
 }
 
+void TestLinuxPlatform::watchdogOfThisMachineIsFedAndStopped()
+{
+    const QString device = qEnvironmentVariable("WIDGET_KERNEL_WATCHDOG");
+    if (device.isEmpty())
+        QSKIP("WIDGET_KERNEL_WATCHDOG names no watchdog that may restart this machine (softdog's will do)");
+    TestBoard board("watchdog_device = " + device.toLocal8Bit() + "\nwatchdog_s = 30\n");
+    Child child(board, {"watchSteps"});
+    child.tell("watch");
+    EVENTUALLY((child.tell("fed"), child.output()).endsWith("\nfed\n"));
+    QVERIFY(child.hasOpen(device));
+    // The kernel's own word for it, where it tells.
+    const QString kernels = "/sys/class/watchdog/" + QFileInfo(device).fileName() + '/';
+    const bool tells = QFile::exists(kernels + "state");
+    const bool stops = contentOf(kernels + "nowayout") != "1\n";
+    if (tells)
+        QCOMPARE(contentOf(kernels + "state"), QByteArray("active\n"));
+    QVERIFY(child.ends());
+    if (tells && stops)
+        QCOMPARE(contentOf(kernels + "state"), QByteArray("inactive\n"));
+    QCOMPARE(board.log.texts(), QStringList());
+}
+
 // ---- systemd ----
 
 void TestLinuxPlatform::systemdIsToldOfTheStart_data()
@@ -1428,6 +1452,31 @@ void TestLinuxPlatform::silentBoardOpensNoCard()
     QVERIFY(child.ends());
     QVERIFY(!QFile::exists(board.path("sound")));
     QCOMPARE(board.log.texts(), QStringList());
+}
+
+void TestLinuxPlatform::cardOfThisMachinePlays()
+{
+    if (!hasSound())
+        QSKIP("Built without ALSA");
+    if (!contentOf("/proc/asound/cards").contains(']'))
+        QSKIP("This machine has no sound card (/proc/asound/cards)");
+    const QStringList nodes = QDir("/dev/snd").entryList({"pcmC*D*p"}, QDir::System | QDir::Writable);
+    if (nodes.isEmpty())
+        QSKIP("This machine has no sound card that may be played on (/dev/snd/pcmC*D*p)");
+    const QRegularExpressionMatch numbers = QRegularExpression("^pcmC(\\d+)D(\\d+)p$").match(nodes[0]);
+    TestBoard board("sound_device = plughw:" + numbers.captured(1).toLatin1() + ',' + numbers.captured(2).toLatin1() + '\n');
+    Child child(board, {"playSteps"});
+    child.tell("901");
+    const QString node = "/dev/snd/" + nodes[0];
+    EVENTUALLY(child.hasOpen(node) || !board.log.messages().isEmpty());
+    if (!board.log.texts().filter("Device or resource busy").isEmpty())
+        QSKIP("Another program has the sound card of this machine");
+    for (const char *id : {"872", "920", "929"})
+        child.tell(id);
+    EVENTUALLY_COMPARE(int(child.output().count("returned")), 4);
+    QVERIFY(child.ends());
+    QCOMPARE(board.log.texts(), QStringList());
+    QCOMPARE(child.errors(), QString());
 }
 
 // ---- The writing direction ----
