@@ -2,6 +2,7 @@
 // that it is linked with, and for the libraries that this loads. A library that is loaded before all others would do the
 // same, but the sanitizers want to be that one.
 
+#include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -16,10 +17,15 @@
 #include <linux/watchdog.h>
 #include <sstream>
 #include <string>
+#include <sys/file.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace {
+
+const unsigned int InputMajor = 13;
 
 std::string directory()
 {
@@ -27,17 +33,20 @@ std::string directory()
     return path ? path : "";
 }
 
-// The name of the device behind \a descriptor, or nothing for what is none of ours.
-std::string deviceOf(int descriptor)
+// The name of the device at \a path, or nothing for what is none of ours.
+std::string deviceAt(const std::string &path)
 {
     const std::string ours = directory();
+    const bool isOurs = !ours.empty() && path.compare(0, ours.size(), ours) == 0;
+    return isOurs ? path.substr(ours.size()) : std::string();
+}
+
+std::string deviceOf(int descriptor)
+{
     char path[4096];
     const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
     const ssize_t length = readlink(link.c_str(), path, sizeof(path));
-    if (ours.empty() || length < 0)
-        return std::string();
-    const std::string target(path, std::size_t(length));
-    return target.compare(0, ours.size(), ours) == 0 ? target.substr(ours.size()) : std::string();
+    return length < 0 ? std::string() : deviceAt(std::string(path, std::size_t(length)));
 }
 
 bool hasState(const std::string &device)
@@ -102,8 +111,12 @@ int watchdog(const std::string &device, unsigned long request, int *seconds)
 
 int chip(const std::string &device, unsigned long request, rtc_time *registers)
 {
+    static std::atomic<bool> isInterrupted(false);
     if (request != RTC_RD_TIME || !hasState(device))
         return failure(EIO);
+    if (hasState("interrupt") && !isInterrupted.exchange(true))
+        return failure(EINTR);
+    usleep(1000);  // behind a slow bus
     const std::string text = state(device, "");
     if (text == "now") {
         const time_t now = time(nullptr);
@@ -159,6 +172,29 @@ int input(const std::string &device, unsigned long request, void *argument)
     return 0;
 }
 
+// Of the kernel's chips, one at a time can be open.
+int openedChip(int chip)
+{
+    static std::atomic<int> openings(0);
+    const std::string taken = state("taken", "");
+    const bool isFree = taken.empty() || openings++ >= std::stoi(taken);
+    if (isFree && flock(chip, LOCK_EX | LOCK_NB) == 0)
+        return chip;
+    record("rtc taken");
+    close(chip);
+    return failure(EBUSY);
+}
+
+}
+
+extern "C" __attribute__((visibility("default"))) int open(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    const int descriptor = openat(AT_FDCWD, path, flags, mode);
+    return descriptor >= 0 && deviceAt(path).compare(0, 3, "rtc") == 0 ? openedChip(descriptor) : descriptor;
 }
 
 extern "C" __attribute__((visibility("default"))) int ioctl(int descriptor, unsigned long request, ...) noexcept
@@ -189,3 +225,16 @@ extern "C" __attribute__((visibility("default"))) int clock_settime(clockid_t, c
     record("clock_settime " + std::to_string(time->tv_sec));
     return 0;
 }
+
+// Older ones have it in the header.
+#if !defined(__GLIBC__) || __GLIBC_PREREQ(2, 33)
+extern "C" __attribute__((visibility("default"))) int stat(const char *path, struct stat *status) noexcept
+{
+    const int answer = fstatat(AT_FDCWD, path, status, 0);
+    const std::string device = answer == 0 ? deviceAt(path) : std::string();
+    const std::string number = device.empty() ? std::string() : state(device, "number ");
+    if (!number.empty())
+        status->st_rdev = makedev(InputMajor, unsigned(std::stoi(number)));
+    return answer;
+}
+#endif

@@ -24,8 +24,11 @@
 /// do. What a device has is said in a file of its name in state/; what it was asked comes into the file "requests".
 ///
 ///     watchdog*  state "seconds 60" has that time whatever is asked for, "refuse" none that can be set
-///     rtc*       state "2031-05-06 07:08:09" or "now"; without a state it cannot be read
-///     event*     state "keys 2 28" has these codes, "held 28" the ones that are held, "name x", "refuse" cannot be grabbed
+///     rtc*       state "2031-05-06 07:08:09" or "now"; without a state it cannot be read. Open only once at a time: a file
+///                that is locked (flock) is open elsewhere, which is a request "rtc taken". A state "taken" says how many
+///                openings find it so anyhow, a state "interrupt" has the first reading fail for a signal
+///     event*     state "keys 2 28" has these codes, "held 28" the ones that are held, "name x", "refuse" cannot be grabbed,
+///                "number 64" has that number as the kernel's devices have one
 ///
 /// The system time is never set: that is a request "clock_settime <seconds>", refused where there is a state "clock".
 class DeviceDirectory
@@ -278,6 +281,16 @@ public:
     {
         m_errors += m_process.readAllStandardError();
         return QString::fromLocal8Bit(m_errors);
+    }
+
+    /// Whether it has the file at \a path open.
+    bool hasOpen(const QString &path) const
+    {
+        const QDir open(QString("/proc/%1/fd").arg(m_process.processId()));
+        for (const QString &name : open.entryList(QDir::Files | QDir::System))
+            if (QFile::symLinkTarget(open.filePath(name)) == path)
+                return true;
+        return false;
     }
 
     /// Ends the job's input. Returns whether it then ended in order.

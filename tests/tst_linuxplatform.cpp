@@ -22,6 +22,8 @@
 #include <cstdio>
 #include <cstring>
 #include <iostream>
+#include <sys/file.h>
+#include <sys/resource.h>
 #include <thread>
 
 namespace {
@@ -115,6 +117,24 @@ void logToClosedErrors()
     print("alive");
 }
 
+// Standard error is a file on a disk that is full for a while.
+void logToFullDisk(const QStringList &arguments)
+{
+    const std::string path = arguments[0].toStdString();
+    const int file = open(path.c_str(), O_RDWR | O_CREAT | O_APPEND, 0600);
+    dup2(file, STDERR_FILENO);
+    signal(SIGXFSZ, SIG_IGN);
+    rlimit limit;
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit full = {10, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+    for (int i = 0; i < 3; ++i)
+        Logging::log(Logging::LogError, "cut");
+    setrlimit(RLIMIT_FSIZE, &limit);
+    Logging::log(Logging::LogError, "whole");
+    Logging::log(Logging::LogError, "too");
+}
+
 void logAndKeepErrno()
 {
     errno = ENOTDIR;
@@ -192,6 +212,19 @@ void setTimes()
         print(set_time() ? "set" : "not set");
 }
 
+void setTimesFromThreads()
+{
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([] {
+            for (int time = 0; time < 25; ++time)
+                set_time();
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+}
+
 void printLocalTimes()
 {
     for (std::string line = nextLine(); !line.empty(); line = nextLine()) {
@@ -237,6 +270,8 @@ void doJob(QStringList arguments)
         logToFullErrors();
     else if (job == "logToClosedErrors")
         logToClosedErrors();
+    else if (job == "logToFullDisk")
+        logToFullDisk(arguments);
     else if (job == "logAndKeepErrno")
         logAndKeepErrno();
     else if (job == "printConfig")
@@ -247,6 +282,8 @@ void doJob(QStringList arguments)
         watchAnswering();
     else if (job == "setTimes")
         setTimes();
+    else if (job == "setTimesFromThreads")
+        setTimesFromThreads();
     else if (job == "printLocalTimes")
         printLocalTimes();
     else if (job == "playSteps")
@@ -328,6 +365,7 @@ private slots:
     void withoutSyslogLinesGoToStandardError();
     void syslogThatIsStartedAnewIsFoundAgain();
     void fullStandardErrorDoesNotBlock();
+    void lineCutByAFullDiskIsEndedAndCounted();
     void closedStandardErrorDoesNoHarm();
     void logKeepsErrno();
 
@@ -338,12 +376,16 @@ private slots:
     void manyBadLinesAreCounted();
     void fileThatCannotBeReadIsReported_data();
     void fileThatCannotBeReadIsReported();
+    void fileIsReadAsFarAsALimit_data();
+    void fileIsReadAsFarAsALimit();
+    void fileThatFailsWhileItIsReadIsReported();
 
     void hardwareWatchdogIsFedAndStoppedAtExit();
     void hardwareWatchdogMayGoOnAfterExit();
     void hardwareWatchdogGoesOnAfterACrash();
     void hangingThreadIsNamedAndEndsFeeding();
     void oneHangingThreadIsEnough();
+    void failedWatchdogIsNotOpenedAgainWhileAThreadHangs();
     void threadThatStopsIsNotWatched();
     void unknownThreadIsReported();
     void timeOfTheWatchdogIsItsOwn_data();
@@ -351,6 +393,7 @@ private slots:
     void watchdogThatCannotBeOpenedIsReported_data();
     void watchdogThatCannotBeOpenedIsReported();
     void watchdogThatTakesNothingIsReportedAndFedLater();
+    void watchdogOfThisMachineIsFedAndStopped();
 
     void systemdIsToldOfTheStart_data();
     void systemdIsToldOfTheStart();
@@ -368,6 +411,10 @@ private slots:
     void chipThatCannotHelpChangesNothing();
     void systemTimeThatMayNotBeSetIsReported();
     void reasonIsLoggedOnce();
+    void threadsDoNotTakeTheChipFromEachOther();
+    void chipThatIsTakenIsTriedAgain();
+    void chipThatStaysTakenIsReported();
+    void signalDoesNotEndTheReadingOfTheChip();
     void chipOfThisMachineIsRead();
     void tickCountsSeconds();
     void localTimeFollowsTheZone();
@@ -380,6 +427,7 @@ private slots:
     void cardThatIsBackPlaysTheLastSounds();
     void silentBoardOpensNoCard_data();
     void silentBoardOpensNoCard();
+    void cardOfThisMachinePlays();
 
     void directionIsThatOfTheLocale_data();
     void directionIsThatOfTheLocale();
@@ -554,6 +602,21 @@ void TestLinuxPlatform::fullStandardErrorDoesNotBlock()
     QVERIFY2(lines.value(1).endsWith("  heard"), qPrintable(lines.value(1)));
 }
 
+void TestLinuxPlatform::lineCutByAFullDiskIsEndedAndCounted()
+{
+    DeviceDirectory board;
+    board.write("board.conf", "log_device = " + board.path("none").toLocal8Bit() + '\n');
+    Child child(board, {"logToFullDisk", board.path("errors")});
+    QVERIFY(child.ends());
+    const QList<QByteArray> lines = contentOf(board.path("errors")).split('\n');
+    QCOMPARE(int(lines.size()), 5);
+    QCOMPARE(int(lines[0].size()), 10);
+    QVERIFY2(lines[1].endsWith("  [log] 3 lines were lost"), lines[1].constData());
+    QVERIFY2(lines[2].endsWith("  whole"), lines[2].constData());
+    QVERIFY2(lines[3].endsWith("  too"), lines[3].constData());
+    QCOMPARE(lines[4], QByteArray());
+}
+
 void TestLinuxPlatform::closedStandardErrorDoesNoHarm()
 {
     DeviceDirectory board;
@@ -599,6 +662,8 @@ void TestLinuxPlatform::badLineIsReportedWithItsNumberAndIgnored_data()
     QTest::newRow("no value at all") << QByteArray("watchdog_s") << "\"watchdog_s\" is no \"name = value\"";
     QTest::newRow("empty value") << QByteArray("clock_device =  # none") << "\"clock_device\" has no value";
     QTest::newRow("none where there has to be one") << QByteArray("log_device = none") << "\"log_device\" has no value";
+    QTest::newRow("long socket") << QByteArray("log_device = ") + QByteArray(108, '/')
+                                 << "\"" + QString(60, '/') + "...\" is too long for a socket";
     QTest::newRow("no number") << QByteArray("watchdog_s = 3O") << "\"3O\" is no number from 1 to 3600";
     QTest::newRow("no number, empty") << QByteArray("watchdog_s =") << "\"\" is no number from 1 to 3600";
     QTest::newRow("too small") << QByteArray("thread_timeout_ms = 9") << "\"9\" is no number from 10 to 3600000";
@@ -688,6 +753,45 @@ void TestLinuxPlatform::fileThatCannotBeReadIsReported()
     QCOMPARE(child.output().section('|', 5, 5), QString("30"));
 }
 
+void TestLinuxPlatform::fileIsReadAsFarAsALimit_data()
+{
+    const qint64 more = 1000000000;  // a file with holes, so that this takes no place on the disk
+    QTest::addColumn<QByteArray>("start");
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<bool>("isRead");
+    QTest::newRow("as much as may be") << QByteArray("watchdog_s = 7\n#") << qint64(65536) << true;
+    QTest::newRow("a byte more") << QByteArray("watchdog_s = 7\n#") << qint64(65537) << false;
+    QTest::newRow("one line without an end") << QByteArray("watchdog_s = 7\n") << more << false;
+}
+
+void TestLinuxPlatform::fileIsReadAsFarAsALimit()
+{
+    QFETCH(QByteArray, start);
+    QFETCH(qint64, size);
+    QFETCH(bool, isRead);
+    DeviceDirectory board;
+    board.write("board.conf", start);
+    QVERIFY(QFile::resize(board.path("board.conf"), size));
+    Child child(board, {"printConfig"});
+    QVERIFY(child.ends());
+    const QString problem = "  [board] " + board.path("board.conf")
+            + (isRead ? ":2: more than 1000 bytes, line ignored\n" : ": more than 65536 bytes, the default values count\n");
+    QVERIFY2(child.errors().endsWith(problem), qPrintable(child.errors()));
+    QCOMPARE(int(child.errors().count('\n')), 1);
+    QCOMPARE(child.output().section('|', 5, 5), QString(isRead ? "7" : "30"));
+}
+
+void TestLinuxPlatform::fileThatFailsWhileItIsReadIsReported()
+{
+    // A process has nothing at the start of its memory.
+    const QString path = "/proc/self/mem";
+    DeviceDirectory board;
+    Child child(board, {"printConfig"}, {{"WIDGET_BOARD_CONF", path}});
+    QVERIFY(child.ends());
+    const QString problem = "  [board] " + path + ": Input/output error, the default values count\n";
+    QVERIFY2(child.errors().endsWith(problem), qPrintable(child.errors()));
+}
+
 // ---- The watchdog ----
 
 void TestLinuxPlatform::hardwareWatchdogIsFedAndStoppedAtExit()
@@ -751,9 +855,9 @@ void TestLinuxPlatform::hangingThreadIsNamedAndEndsFeeding()
     passTime(1500);
     QCOMPARE(device.readAll(), QByteArray());
 
-    child.tell("kick the screens");
+    // As a thread does: once may be too long ago when a busy machine looks.
     fed.clear();
-    EVENTUALLY((fed += device.readAll()).contains('\0'));
+    EVENTUALLY((child.tell("kick the screens"), fed += device.readAll()).contains('\0'));
     EVENTUALLY(!board.log.texts().filter(QRegularExpression("^\\[watchdog\\] \"the screens\" answers again after ")).isEmpty());
     QVERIFY(child.ends());
 }
@@ -770,6 +874,23 @@ void TestLinuxPlatform::oneHangingThreadIsEnough()
     device.readAll();
     passTime(1000);
     QCOMPARE(device.readAll(), QByteArray());
+}
+
+void TestLinuxPlatform::failedWatchdogIsNotOpenedAgainWhileAThreadHangs()
+{
+    // Each time it is opened it cannot be set, and takes nothing then.
+    TestBoard board("watchdog_device = /dev/full\nwatchdog_s = 1\nthread_timeout_ms = 700\n");
+    const auto openings = [&board] { return int(board.log.texts().filter("Its time cannot be set").size()); };
+    Child child(board, {"watchSteps"});
+    child.tell("watch");
+    EVENTUALLY(openings() >= 2);
+    child.tell("start x");
+    EVENTUALLY(!board.log.texts().filter("\"x\" has not answered").isEmpty());
+    const int before = openings();
+    passTime(1500);
+    QCOMPARE(openings(), before);
+    EVENTUALLY((child.tell("kick x"), openings()) > before);
+    QVERIFY(child.ends());
 }
 
 void TestLinuxPlatform::threadThatStopsIsNotWatched()
@@ -863,6 +984,28 @@ void TestLinuxPlatform::watchdogThatTakesNothingIsReportedAndFedLater()
     QVERIFY(child.ends());
 }
 
+void TestLinuxPlatform::watchdogOfThisMachineIsFedAndStopped()
+{
+    const QString device = qEnvironmentVariable("WIDGET_KERNEL_WATCHDOG");
+    if (device.isEmpty())
+        QSKIP("WIDGET_KERNEL_WATCHDOG names no watchdog that may restart this machine (softdog's will do)");
+    TestBoard board("watchdog_device = " + device.toLocal8Bit() + "\nwatchdog_s = 30\n");
+    Child child(board, {"watchSteps"});
+    child.tell("watch");
+    EVENTUALLY((child.tell("fed"), child.output()).endsWith("\nfed\n"));
+    QVERIFY(child.hasOpen(device));
+    // The kernel's own word for it, where it tells.
+    const QString kernels = "/sys/class/watchdog/" + QFileInfo(device).fileName() + '/';
+    const bool tells = QFile::exists(kernels + "state");
+    const bool stops = contentOf(kernels + "nowayout") != "1\n";
+    if (tells)
+        QCOMPARE(contentOf(kernels + "state"), QByteArray("active\n"));
+    QVERIFY(child.ends());
+    if (tells && stops)
+        QCOMPARE(contentOf(kernels + "state"), QByteArray("inactive\n"));
+    QCOMPARE(board.log.texts(), QStringList());
+}
+
 // ---- systemd ----
 
 void TestLinuxPlatform::systemdIsToldOfTheStart_data()
@@ -936,8 +1079,7 @@ void TestLinuxPlatform::systemdIsToldAsLongAsNoThreadHangs()
     passTime(1000);
     QCOMPARE(systemd.messages().size(), before);
 
-    child.tell("kick the screens");
-    EVENTUALLY(systemd.messages().size() > before);
+    EVENTUALLY((child.tell("kick the screens"), systemd.messages().size()) > before);
     QVERIFY(child.ends());
     QCOMPARE(systemd.messages().last(), QString("STOPPING=1"));
 }
@@ -1090,6 +1232,60 @@ void TestLinuxPlatform::reasonIsLoggedOnce()
     board.setState("rtc", "2001-01-01 00:00:00");
     QVERIFY(sets("not set"));
     QCOMPARE(board.log.texts(), (QStringList{unreadable, early, early}));
+}
+
+void TestLinuxPlatform::threadsDoNotTakeTheChipFromEachOther()
+{
+    TestBoard board("clock_device = @rtc\n");
+    board.setState("rtc", "2031-05-06 07:08:09");
+    board.write("rtc", QByteArray());
+    Child child(board, {"setTimesFromThreads"});
+    QVERIFY(child.ends());
+    QCOMPARE(int(board.requests().size()), 100);
+    QCOMPARE(int(board.requests().count("clock_settime 1935817689")), 100);
+    QCOMPARE(board.log.texts(), QStringList());
+}
+
+void TestLinuxPlatform::chipThatIsTakenIsTriedAgain()
+{
+    TestBoard board("clock_device = @rtc\n");
+    board.setState("rtc", "2031-05-06 07:08:09");
+    board.write("rtc", QByteArray());
+    board.setState("taken", "3");
+    Child child(board, {"setTimes"});
+    child.tell("set");
+    QVERIFY(child.ends());
+    QCOMPARE(child.output(), QString("set\n"));
+    QCOMPARE(board.requests(), (QStringList{"rtc taken", "rtc taken", "rtc taken", "clock_settime 1935817689"}));
+    QCOMPARE(board.log.texts(), QStringList());
+}
+
+void TestLinuxPlatform::chipThatStaysTakenIsReported()
+{
+    TestBoard board("clock_device = @rtc\n");
+    board.setState("rtc", "2031-05-06 07:08:09");
+    board.write("rtc", QByteArray());
+    const int other = open(board.path("rtc").toLocal8Bit().constData(), O_RDONLY | O_CLOEXEC);
+    QCOMPARE(flock(other, LOCK_EX), 0);
+    Child child(board, {"setTimes"});
+    child.tell("set");
+    QVERIFY(child.ends());
+    close(other);
+    QCOMPARE(child.output(), QString("not set\n"));
+    QCOMPARE(board.log.texts(), QStringList("[clock] " + board.path("rtc") + ": Device or resource busy"));
+}
+
+void TestLinuxPlatform::signalDoesNotEndTheReadingOfTheChip()
+{
+    TestBoard board("clock_device = @rtc\n");
+    board.setState("rtc", "2031-05-06 07:08:09");
+    board.setState("interrupt", "");
+    board.write("rtc", QByteArray());
+    Child child(board, {"setTimes"});
+    child.tell("set");
+    QVERIFY(child.ends());
+    QCOMPARE(child.output(), QString("set\n"));
+    QCOMPARE(board.log.texts(), QStringList());
 }
 
 void TestLinuxPlatform::chipOfThisMachineIsRead()
@@ -1256,6 +1452,31 @@ void TestLinuxPlatform::silentBoardOpensNoCard()
     QVERIFY(child.ends());
     QVERIFY(!QFile::exists(board.path("sound")));
     QCOMPARE(board.log.texts(), QStringList());
+}
+
+void TestLinuxPlatform::cardOfThisMachinePlays()
+{
+    if (!hasSound())
+        QSKIP("Built without ALSA");
+    if (!contentOf("/proc/asound/cards").contains(']'))
+        QSKIP("This machine has no sound card (/proc/asound/cards)");
+    const QStringList nodes = QDir("/dev/snd").entryList({"pcmC*D*p"}, QDir::System | QDir::Writable);
+    if (nodes.isEmpty())
+        QSKIP("This machine has no sound card that may be played on (/dev/snd/pcmC*D*p)");
+    const QRegularExpressionMatch numbers = QRegularExpression("^pcmC(\\d+)D(\\d+)p$").match(nodes[0]);
+    TestBoard board("sound_device = plughw:" + numbers.captured(1).toLatin1() + ',' + numbers.captured(2).toLatin1() + '\n');
+    Child child(board, {"playSteps"});
+    child.tell("901");
+    const QString node = "/dev/snd/" + nodes[0];
+    EVENTUALLY(child.hasOpen(node) || !board.log.messages().isEmpty());
+    if (!board.log.texts().filter("Device or resource busy").isEmpty())
+        QSKIP("Another program has the sound card of this machine");
+    for (const char *id : {"872", "920", "929"})
+        child.tell(id);
+    EVENTUALLY_COMPARE(int(child.output().count("returned")), 4);
+    QVERIFY(child.ends());
+    QCOMPARE(board.log.texts(), QStringList());
+    QCOMPARE(child.errors(), QString());
 }
 
 // ---- The writing direction ----

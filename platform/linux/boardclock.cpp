@@ -14,6 +14,10 @@
 
 namespace {
 
+const int mostTries = 6;
+const unsigned long retryMs = 20;
+
+pthread_mutex_t chipMutex = PTHREAD_MUTEX_INITIALIZER;
 pthread_mutex_t reasonMutex = PTHREAD_MUTEX_INITIALIZER;
 
 // Never destroyed, as above all clocks run until the process ends.
@@ -43,13 +47,29 @@ bool chipFailed(const std::string &reason)
     return failed(Board::config().clockDevice + ": " + reason);
 }
 
+// The kernel lets only one have the chip open: our own threads wait for each other, other programs need a moment.
+int openChip()
+{
+    for (int tries = 1;; ++tries) {
+        const int chip = open(Board::config().clockDevice.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+        if (chip >= 0 || errno != EBUSY || tries == mostTries)
+            return chip;
+        Util::delayMs(retryMs);
+    }
+}
+
 // Returns 0, or an error number.
 int readRegisters(rtc_time *registers)
 {
-    const int chip = open(Board::config().clockDevice.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    Board::Locker lock(&chipMutex);
+    const int chip = openChip();
     if (chip < 0)
         return errno;
-    const int error = ioctl(chip, RTC_RD_TIME, registers) == 0 ? 0 : errno;
+    int status;
+    do
+        status = ioctl(chip, RTC_RD_TIME, registers);
+    while (status != 0 && errno == EINTR);
+    const int error = status == 0 ? 0 : errno;
     close(chip);
     return error;
 }

@@ -14,7 +14,7 @@
 /// year "clock_earliest_year" (a chip that has lost its power), or from 2038 on while time_t has 32 bits, and where the
 /// process may not set the time (it needs CAP_SYS_TIME). Why is logged at level 2, once until it succeeds or the reason
 /// is another one:
-/// "[clock] /dev/rtc0: No such file or directory".
+/// "[clock] /dev/rtc0: No such file or directory". A chip that another program has open is tried again for 100 ms.
 ///
 /// Every thread has its own record behind Util::localtime. The time zone is that of TZ, else /etc/localtime, also after
 /// that was changed. A signal does not shorten Util::delayMs.

@@ -3,20 +3,25 @@
 #include "platform/linux/boardinternal.h"
 #include "platform/logging.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
+#include <fcntl.h>
 #include <pthread.h>
 #include <sstream>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <syslog.h>
+#include <unistd.h>
 
 namespace {
 
 const char defaultFile[] = "/etc/libwidget/board.conf";
+const std::size_t longestFile = 65536;
 const std::size_t longestLine = 1000;
+const std::size_t longestSocket = sizeof(static_cast<sockaddr_un *>(0)->sun_path) - 1;
 const std::size_t mostProblems = 20;
 
 typedef Board::Config Config;
@@ -26,6 +31,7 @@ struct Text
     const char *name;
     std::string Config::*field;
     bool mayBeNone;
+    std::size_t longest;
 };
 
 struct Number
@@ -45,12 +51,12 @@ struct Choice
 };
 
 const Text texts[] = {
-    {"log_device", &Config::logDevice, false},
-    {"log_name", &Config::logName, false},
-    {"watchdog_device", &Config::watchdogDevice, true},
-    {"clock_device", &Config::clockDevice, true},
-    {"sound_device", &Config::soundDevice, true},
-    {"language_file", &Config::languageFile, true},
+    {"log_device", &Config::logDevice, false, longestSocket},
+    {"log_name", &Config::logName, false, longestLine},
+    {"watchdog_device", &Config::watchdogDevice, true, longestLine},
+    {"clock_device", &Config::clockDevice, true, longestLine},
+    {"sound_device", &Config::soundDevice, true, longestLine},
+    {"language_file", &Config::languageFile, true, longestLine},
 };
 
 const Number numbers[] = {
@@ -98,9 +104,12 @@ struct Problem
 
 struct Loaded
 {
+    Loaded() : moreProblems(0) {}
+
     Config config;
     std::string file;
     std::vector<Problem> problems;
+    unsigned long moreProblems;
 };
 
 Loaded *loaded = 0;  // never destroyed: other threads may still ask while the process exits
@@ -138,7 +147,10 @@ std::string quoted(const std::string &text)
 void addProblem(int line, const std::string &text, int level = Logging::LogError)
 {
     const Problem problem = {line, level, text};
-    loaded->problems.push_back(problem);
+    if (loaded->problems.size() < mostProblems)
+        loaded->problems.push_back(problem);
+    else
+        ++loaded->moreProblems;
 }
 
 bool parseNumber(const std::string &text, const Number &number, int *value)
@@ -160,6 +172,8 @@ bool setText(int line, const std::string &name, const std::string &value)
         const bool isNone = value == "none";
         if (value.empty() || (isNone && !texts[i].mayBeNone))
             addProblem(line, quoted(name) + " has no value");
+        else if (value.size() > texts[i].longest)
+            addProblem(line, quoted(value) + " is too long for a socket");
         else
             loaded->config.*texts[i].field = isNone ? std::string() : value;
         return true;
@@ -251,6 +265,31 @@ int openingError(const std::string &file)
     return S_ISREG(status.st_mode) ? 0 : EINVAL;
 }
 
+// Appends at most one byte more than longestFile to \a text. Returns 0, or an error number.
+int readFile(const std::string &file, std::string *text)
+{
+    int error = openingError(file);
+    if (error != 0)
+        return error;
+    const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return errno;
+    char bytes[4096];
+    while (text->size() <= longestFile) {
+        const std::size_t room = std::min(sizeof(bytes), longestFile + 1 - text->size());
+        const ssize_t length = read(descriptor, bytes, room);
+        if (length < 0 && errno == EINTR)
+            continue;
+        if (length < 0)
+            error = errno;
+        if (length <= 0)
+            break;
+        text->append(bytes, std::size_t(length));
+    }
+    close(descriptor);
+    return error;
+}
+
 void load()
 {
     loaded = new Loaded;
@@ -258,22 +297,18 @@ void load()
     const bool isNamed = named && *named;
     loaded->file = isNamed ? named : defaultFile;
 
-    int error = openingError(loaded->file);
-    std::ifstream stream;
-    if (error == 0) {
-        errno = EIO;
-        stream.open(loaded->file.c_str());
-        error = stream ? 0 : errno;
-    }
-    if (error != 0) {
+    std::string text;
+    const int error = readFile(loaded->file, &text);
+    if (error != 0 || text.size() > longestFile) {
+        const std::string reason = error != 0 ? std::strerror(error) : "more than 65536 bytes";
         const bool isMeant = !isNamed && error == ENOENT;
-        addProblem(0, std::string(std::strerror(error)) + ", the default values count",
-                   isMeant ? Logging::LogTrace : Logging::LogError);
+        addProblem(0, reason + ", the default values count", isMeant ? Logging::LogTrace : Logging::LogError);
         return;
     }
-    std::string text;
-    for (int line = 1; std::getline(stream, text); ++line)
-        parseLine(line, text);
+    std::istringstream stream(text);
+    std::string whole;
+    for (int line = 1; std::getline(stream, whole); ++line)
+        parseLine(line, whole);
 }
 
 void logProblem(const Problem &problem)
@@ -290,15 +325,16 @@ void logProblem(const Problem &problem)
 void logProblems()
 {
     std::vector<Problem> problems;
+    unsigned long more = 0;
     {
         Board::Locker lock(&problemMutex);
         problems.swap(loaded->problems);
+        std::swap(more, loaded->moreProblems);
     }
-    for (std::size_t i = 0; i < problems.size() && i < mostProblems; ++i)
+    for (std::size_t i = 0; i < problems.size(); ++i)
         logProblem(problems[i]);
-    if (problems.size() > mostProblems)
-        Logging::log(Logging::LogError, "[board] %s: %lu more lines ignored", loaded->file.c_str(),
-                     static_cast<unsigned long>(problems.size() - mostProblems));
+    if (more > 0)
+        Logging::log(Logging::LogError, "[board] %s: %lu more lines ignored", loaded->file.c_str(), more);
 }
 
 }

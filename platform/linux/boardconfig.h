@@ -12,18 +12,19 @@
 /// unit, its range and the value that counts where the file does not say otherwise. A name that comes twice counts as
 /// the last line says; only lines with "input" and "key." add up.
 ///
-/// A line with an unknown name, a value that is no number or out of range, or none of the words that are allowed, is
-/// ignored and logged at level 2: `[board] <file>:12: "3O" is no number from 1 to 3600, line ignored`. After twenty of
-/// these the rest is only counted. Without the file all values are the default ones, which is logged at level 16, and at
-/// level 2 where WIDGET_BOARD_CONF names it. No default value names a hardware watchdog: a program that is tried out on
-/// a PC must not be able to restart it.
+/// A line with an unknown name, a value that is no number or out of range, none of the words that are allowed, or too long
+/// for a socket, is ignored and logged at level 2: `[board] <file>:12: "3O" is no number from 1 to 3600, line ignored`.
+/// After twenty of these the rest is only counted. Without the file all values are the default ones, which is logged at
+/// level 16, and at level 2 where WIDGET_BOARD_CONF names it. So are they, at level 2, where the file cannot be read to its
+/// end or has more than 65536 bytes: nothing of it counts then. No default value names a hardware watchdog: a program that
+/// is tried out on a PC must not be able to restart it.
 namespace Board {
 
 struct Config
 {
     Config();
 
-    std::string logDevice;  ///< "log_device": the socket of syslog
+    std::string logDevice;  ///< "log_device": the socket of syslog, at most 107 bytes
     std::string logName;    ///< "log_name": what stands before each line; empty: the name of the program
     int logFacility;        ///< "log_facility": user, daemon, local0 to local7, as in <syslog.h>
     int logLevel;           ///< "log_level"
@@ -31,7 +32,7 @@ struct Config
     std::string watchdogDevice;  ///< "watchdog_device"; empty: the file says none
     int watchdogSeconds;         ///< "watchdog_s"
     int watchdogStopsAtExit;     ///< "watchdog_at_exit": 1 stop, 0 keep
-    int threadTimeoutMs;         ///< "thread_timeout_ms"
+    int threadTimeoutMs;         ///< "thread_timeout_ms"; how small it may be says platform/linux/boardwatchdog.h
 
     std::string clockDevice;  ///< "clock_device"; empty: the file says none
     int clockIsLocal;         ///< "clock_zone": 1 local, 0 utc

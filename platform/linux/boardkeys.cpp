@@ -27,22 +27,32 @@ const char usualInput[] = "/dev/input/event*";
 
 typedef std::vector<std::string> Paths;
 
-// One device has the same identity under each of its paths, and a new device another one.
+// One device has the same identity under each of its paths.
 struct Identity
 {
     dev_t fileSystem;
     ino_t file;
-    dev_t device;
+    dev_t device;  // its number, or 0 for what has none
 };
 
-bool operator==(const Identity &one, const Identity &other)
+bool isSameNode(const Identity &one, const Identity &other)
 {
     return one.fileSystem == other.fileSystem && one.file == other.file && one.device == other.device;
 }
 
-bool contains(const std::vector<Identity> &all, const Identity &identity)
+// A node may be removed and made again for a device that stays.
+bool isSameDevice(const Identity &one, const Identity &other)
 {
-    return std::find(all.begin(), all.end(), identity) != all.end();
+    return one.device ? one.device == other.device : isSameNode(one, other);
+}
+
+bool hasNode(const std::vector<Identity> &all, const Identity &identity)
+{
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (isSameNode(all[i], identity))
+            return true;
+    }
+    return false;
 }
 
 bool identify(const std::string &path, Identity *identity)
@@ -50,10 +60,9 @@ bool identify(const std::string &path, Identity *identity)
     struct stat status;
     if (stat(path.c_str(), &status) != 0)
         return false;
+    identity->fileSystem = status.st_dev;
+    identity->file = status.st_ino;
     identity->device = status.st_rdev;
-    // A node may be removed and made again for a device that stays.
-    identity->fileSystem = status.st_rdev ? 0 : status.st_dev;
-    identity->file = status.st_rdev ? 0 : status.st_ino;
     return true;
 }
 
@@ -92,6 +101,15 @@ struct Device
     QSocketNotifier *notifier;
 };
 
+struct Problem
+{
+    std::string text;
+    bool isReported;
+};
+
+// Why there is a look for devices.
+enum Occasion { Change, Scan };
+
 struct Stroke
 {
     int key;
@@ -116,11 +134,11 @@ public:
 private:
     void watchDirectories();
     void readDirectoryEvents();
-    void lookForDevices();
-    void openDevice(const std::string &path, const Identity &identity);
+    void lookForDevices(Occasion occasion);
+    void openDevice(const std::string &path, const Identity &identity, Occasion occasion);
     bool isOpen(const Identity &identity) const;
     bool hasKeyOfTable(const KeyDevice &device) const;
-    void report(const std::string &path, const std::string &problem);
+    void report(const std::string &path, const std::string &text, Occasion occasion);
 
     void readDevices();
     void handle(Device *device, const KeyDevice::Event &event);
@@ -135,8 +153,8 @@ private:
     const KeyTable m_table;
     Paths m_patterns;
     std::vector<Device *> m_devices;
-    std::vector<Identity> m_ignored;                // without a key of the table
-    std::map<std::string, std::string> m_problems;  // the last one of each path
+    std::vector<Identity> m_ignored;            // without a key of the table; another one may get the same number
+    std::map<std::string, Problem> m_problems;  // the last one of each path
 
     int m_inotify;
     std::map<std::string, int> m_watches;  // of each directory; -1: the kernel does not tell of it
@@ -208,7 +226,7 @@ Board::Keys::Reader::Reader(Keys *keys)
         m_watches[directoryOf(m_patterns[i])] = -1;
     if (m_inotify >= 0)
         m_directoryNotifier = new Notifier(m_inotify, m_keys);
-    lookForDevices();
+    lookForDevices(Change);
     if (m_devices.empty())
         Logging::log(Logging::LogError, "[keys] There is no device yet: %s", joined(m_patterns).c_str());
 }
@@ -235,15 +253,15 @@ QStringList Board::Keys::Reader::devices() const
 
 void Board::Keys::Reader::ready()
 {
+    readDevices();  // first, so that what has gone is not taken for what has come under its number
     readDirectoryEvents();
-    readDevices();
     deliver();
 }
 
 void Board::Keys::Reader::timeOut(int timer)
 {
     if (timer == m_scanTimer.timerId())
-        lookForDevices();
+        lookForDevices(Scan);
     else if (timer == m_repeatTimer.timerId())
         repeat();
 }
@@ -288,10 +306,10 @@ void Board::Keys::Reader::readDirectoryEvents()
         }
     }
     if (changed)
-        lookForDevices();
+        lookForDevices(Change);
 }
 
-void Board::Keys::Reader::lookForDevices()
+void Board::Keys::Reader::lookForDevices(Occasion occasion)
 {
     // First, so that what comes meanwhile is seen by the one or the other.
     watchDirectories();
@@ -302,15 +320,15 @@ void Board::Keys::Reader::lookForDevices()
         if (!identify(paths[i], &identity))
             continue;
         seen.push_back(identity);
-        if (!isOpen(identity) && !contains(m_ignored, identity))
-            openDevice(paths[i], identity);
+        if (!isOpen(identity) && !hasNode(m_ignored, identity))
+            openDevice(paths[i], identity, occasion);
     }
 
     for (std::size_t i = m_ignored.size(); i-- > 0;) {
-        if (!contains(seen, m_ignored[i]))
+        if (!hasNode(seen, m_ignored[i]))
             m_ignored.erase(m_ignored.begin() + std::ptrdiff_t(i));
     }
-    std::map<std::string, std::string>::iterator it = m_problems.begin();
+    std::map<std::string, Problem>::iterator it = m_problems.begin();
     while (it != m_problems.end()) {
         if (std::find(paths.begin(), paths.end(), it->first) == paths.end())
             m_problems.erase(it++);
@@ -328,14 +346,14 @@ void Board::Keys::Reader::lookForDevices()
         m_scanTimer.stop();
 }
 
-void Board::Keys::Reader::openDevice(const std::string &path, const Identity &identity)
+void Board::Keys::Reader::openDevice(const std::string &path, const Identity &identity, Occasion occasion)
 {
     Device *device = new Device;
     device->path = path;
     device->identity = identity;
     std::string problem;
     if (!device->reader.open(path, &problem)) {
-        report(path, problem);
+        report(path, problem, occasion);
         delete device;
         return;
     }
@@ -356,7 +374,7 @@ void Board::Keys::Reader::openDevice(const std::string &path, const Identity &id
 bool Board::Keys::Reader::isOpen(const Identity &identity) const
 {
     for (std::size_t i = 0; i < m_devices.size(); ++i) {
-        if (m_devices[i]->identity == identity)
+        if (isSameDevice(m_devices[i]->identity, identity))
             return true;
     }
     return false;
@@ -371,11 +389,17 @@ bool Board::Keys::Reader::hasKeyOfTable(const KeyDevice &device) const
     return false;
 }
 
-void Board::Keys::Reader::report(const std::string &path, const std::string &problem)
+// A node may not be ready yet when it is there: only what is the same at the next scan counts.
+void Board::Keys::Reader::report(const std::string &path, const std::string &text, Occasion occasion)
 {
-    if (m_problems[path] != problem)
-        Logging::log(Logging::LogError, "[keys] %s: %s", path.c_str(), problem.c_str());
-    m_problems[path] = problem;
+    Problem &problem = m_problems[path];
+    if (problem.text != text) {
+        problem.text = text;
+        problem.isReported = false;
+    } else if (occasion == Scan && !problem.isReported) {
+        Logging::log(Logging::LogError, "[keys] %s: %s", path.c_str(), text.c_str());
+        problem.isReported = true;
+    }
 }
 
 void Board::Keys::Reader::readDevices()

@@ -29,8 +29,9 @@
 /// is another look each "input_scan_ms". Where the kernel has lost events, as while the process was stopped, the keys are
 /// compared with what is held on the device: none stays held, and what was pressed and let go in between is lost.
 ///
-/// In the log: at level 2 a device that cannot be opened or grabbed (it is read all the same), once until the reason is
-/// another one, and once that no device is there at the start; at level 16 a device that is read and one that is gone:
+/// In the log: at level 2 a device that cannot be opened, once until the reason is another one, and not before that has
+/// lasted for "input_scan_ms", as nodes that come get their rights a moment later; one that cannot be grabbed (it is read
+/// all the same); and once that no device is there at the start. At level 16 a device that is read and one that is gone:
 /// "[keys] /dev/input/event0: gpio-keys is read".
 ///
 /// Built without libevdev it reads nothing, which is logged at level 2.

@@ -33,6 +33,7 @@ pthread_once_t levelOnce = PTHREAD_ONCE_INIT;
 pthread_mutex_t sinkMutex = PTHREAD_MUTEX_INITIALIZER;
 int sink = -1;
 unsigned long lostLines = 0;
+bool errorsEndInALine = false;  // that was cut
 
 void readLevel()
 {
@@ -189,10 +190,10 @@ Outcome sendToSyslog(const std::string &message)
     return connectSink() ? trySend(message) : Nobody;
 }
 
-// What a pipe takes at once it takes whole, and a pipe that is ready takes as much as that.
+// What a pipe takes at once it takes whole, and a pipe that is ready takes as much as that. A disk may take a part.
 Outcome writeToErrors(const std::string &message)
 {
-    const std::string line = shortened(message, PIPE_BUF - 1) + '\n';
+    const std::string line = (errorsEndInALine ? "\n" : "") + shortened(message, PIPE_BUF - 2) + '\n';
     pollfd errors = {STDERR_FILENO, POLLOUT, 0};
     if (poll(&errors, 1, 0) != 1 || errors.revents != POLLOUT)
         return Full;
@@ -200,7 +201,9 @@ Outcome writeToErrors(const std::string &message)
     do
         written = write(STDERR_FILENO, line.data(), line.size());
     while (written < 0 && errno == EINTR);
-    return written < 0 ? Full : Taken;
+    if (written > 0)
+        errorsEndInALine = line[std::size_t(written) - 1] != '\n';
+    return written == ssize_t(line.size()) ? Taken : Full;
 }
 
 // With the mutex.

@@ -10,7 +10,7 @@
 /// what is longer than 8000 bytes is cut and ends with "...".
 ///
 /// Logging never waits. While nobody takes the lines they go to standard error, one write each; what that does not take
-/// either is dropped, and counted by a later line, "[log] 12 lines were lost". A syslog that was started anew is found
+/// either, or not to its end, is dropped, and counted by a later line, "[log] 12 lines were lost". A syslog that was started anew is found
 /// again by the next line.
 namespace Board {
 

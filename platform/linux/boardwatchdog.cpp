@@ -34,7 +34,7 @@ typedef std::vector<Registration> Registrations;
 struct Watchdog
 {
     Watchdog()
-        : isRunning(false), isEnding(false), device(-1), periodMs(0), nextFeed(0), isFed(false),
+        : isRunning(false), isEnding(false), device(-1), wasOpen(false), periodMs(0), nextFeed(0), isFed(false),
           servicePeriodMs(0), nextTold(0)
     {
         pthread_mutex_init(&mutex, 0);
@@ -49,6 +49,7 @@ struct Watchdog
     Registrations registrations;
 
     int device;
+    bool wasOpen;
     long long periodMs;
     long long nextFeed;  // or next try to open the device
     bool isFed;
@@ -109,6 +110,7 @@ void openDevice(long long now)
         w.nextFeed = now + retryMs;
         return;
     }
+    w.wasOpen = true;
     setPeriod();
     w.nextFeed = now;
 }
@@ -156,14 +158,16 @@ long long feedDevice(long long now)
     Watchdog &w = watchdog();
     if (devicePath().empty())
         return never;
-    if (w.device < 0 && now >= w.nextFeed)
+    const bool hang = someHang();
+    // To open it is to feed it: once the hardware runs, that has to wait, too.
+    if (w.device < 0 && now >= w.nextFeed && !(hang && w.wasOpen))
         openDevice(now);
-    if (w.device < 0)
-        return w.nextFeed;
-    if (someHang()) {
+    if (hang && w.wasOpen) {
         w.isFed = false;
         return never;  // who answers again wakes the watcher
     }
+    if (w.device < 0)
+        return w.nextFeed;
     if (now >= w.nextFeed)
         writeFeed(now);
     return w.nextFeed;
