@@ -10,8 +10,8 @@
 /// what is longer than 8000 bytes is cut and ends with "...".
 ///
 /// Logging never waits. While nobody takes the lines they go to standard error, one write each; what that does not take
-/// either, or not to its end, is dropped, and counted by a later line, "[log] 12 lines were lost". A syslog that was started anew is found
-/// again by the next line.
+/// either, or not to its end, is dropped, and counted by a later line, "[log] 12 lines were lost". A syslog that was
+/// started anew is found again by the next line.
 namespace Board {
 
 /// Logs the lines whose level is at most \a level: 2 rejected calls only, 16 traces too, 128 everything, 0 nothing.
