@@ -19,8 +19,10 @@
 #include <string>
 #include <sys/file.h>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -216,6 +218,17 @@ extern "C" __attribute__((visibility("default"))) int ioctl(int descriptor, unsi
     const int answer = real(descriptor, request, argument);
     // QEMU does not say what the kernel says of requests that it does not know.
     return answer < 0 && errno == ENOSYS ? failure(ENOTTY) : answer;
+}
+
+// Nobody serves the syslog of this machine, whether it has one or not.
+extern "C" __attribute__((visibility("default"))) int connect(int descriptor, const sockaddr *address, socklen_t length)
+{
+    if (!directory().empty() && address->sa_family == AF_UNIX
+            && std::strcmp(reinterpret_cast<const sockaddr_un *>(address)->sun_path, "/dev/log") == 0)
+        return failure(ENOENT);
+    using Connect = int (*)(int, const sockaddr *, socklen_t);
+    static const Connect real = reinterpret_cast<Connect>(dlsym(RTLD_NEXT, "connect"));
+    return real(descriptor, address, length);
 }
 
 extern "C" __attribute__((visibility("default"))) int clock_settime(clockid_t, const timespec *time) noexcept

@@ -30,7 +30,8 @@
 ///     event*     state "keys 2 28" has these codes, "held 28" the ones that are held, "name x", "refuse" cannot be grabbed,
 ///                "number 64" has that number as the kernel's devices have one
 ///
-/// The system time is never set: that is a request "clock_settime <seconds>", refused where there is a state "clock".
+/// There is no syslog but the one that a test makes. The system time is never set: that is a request "clock_settime
+/// <seconds>", refused where there is a state "clock".
 class DeviceDirectory
 {
 public:
