@@ -38,8 +38,10 @@ public:
     {
         QDir(path("")).mkdir("kept");
         QByteArray text = "log_device = @log\ninput = @event*\ninput_scan_ms = 20\nsound_device = none\n"
-                          "thread_timeout_ms = 3600000\n" + lines;
+                          "clock_device = @rtc0\nthread_timeout_ms = 3600000\n" + lines;
         write("board.conf", text.replace('@', path("x").chopped(1).toLocal8Bit()));
+        write("rtc0", QByteArray());
+        setState("rtc0", "now");
         plugIn();
     }
 
@@ -180,6 +182,8 @@ private slots:
     void startLeavesTheFileAsItIs();
     void escapeLeavesTheNameAsItWas();
     void settingsThatCannotBeKeptAreNamed();
+    void startSetsTheTimeOfTheChip();
+    void chipThatCannotBeReadIsSaidOnce();
     void systemdHearsOfItsStartAndThatItAnswers();
     void terminationStopsTheWatchdog();
     void unpluggedKeypadWorksWhenItIsBack();
@@ -302,6 +306,26 @@ void TestBoardExample::settingsThatCannotBeKeptAreNamed()
     Program program(board, "offscreen", {"row Clock", "text Settings", "key 8", "key 6", "row Time 12 hours",
                                          "text Settings (not kept)", "leave"});
     QVERIFY(program.ends());
+}
+
+void TestBoardExample::startSetsTheTimeOfTheChip()
+{
+    TestBoard board;
+    board.setState("rtc0", "2031-05-06 07:08:09");
+    Program program(board, "offscreen", {"row Clock", "leave"});
+    QVERIFY(program.ends());
+    QCOMPARE(board.requests(), QStringList("clock_settime 1935817689"));
+    QCOMPARE(board.log.texts(), QStringList());
+}
+
+void TestBoardExample::chipThatCannotBeReadIsSaidOnce()
+{
+    TestBoard board;
+    QFile::remove(board.path("state/rtc0"));
+    Program program(board, "offscreen", {"row Clock", "leave"});
+    QVERIFY(program.ends());
+    QCOMPARE(board.log.texts(), QStringList("[clock] " + board.path("rtc0") + ": Input/output error"));
+    QCOMPARE(board.requests(), QStringList());
 }
 
 void TestBoardExample::systemdHearsOfItsStartAndThatItAnswers()

@@ -9,6 +9,7 @@
 
 #include "platform/linux/boardkeys.h"
 #include "platform/linux/boardservice.h"
+#include "platform/systemtime.h"
 
 #include <QApplication>
 
@@ -24,5 +25,6 @@ int main(int argc, char **argv)
     screens.showFullScreen();
     application.processEvents();  // paints it
     Board::tellStarted();
+    set_time();  // the clock on the screen asks the chip only every few hours
     return application.exec();
 }
