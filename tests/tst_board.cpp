@@ -184,6 +184,7 @@ private slots:
     void settingsThatCannotBeKeptAreNamed();
     void startSetsTheTimeOfTheChip();
     void chipThatCannotBeReadIsSaidOnce();
+    void isNotWatchedBeforeItHasStarted();
     void systemdHearsOfItsStartAndThatItAnswers();
     void terminationStopsTheWatchdog();
     void unpluggedKeypadWorksWhenItIsBack();
@@ -326,6 +327,14 @@ void TestBoardExample::chipThatCannotBeReadIsSaidOnce()
     QVERIFY(program.ends());
     QCOMPARE(board.log.texts(), QStringList("[clock] " + board.path("rtc0") + ": Input/output error"));
     QCOMPARE(board.requests(), QStringList());
+}
+
+void TestBoardExample::isNotWatchedBeforeItHasStarted()
+{
+    TestBoard board;
+    const Program program(board, "offscreen");
+    EVENTUALLY(board.systemd.messages().contains("WATCHDOG=1"));
+    QCOMPARE(board.systemd.messages().first(), QString("READY=1"));
 }
 
 void TestBoardExample::systemdHearsOfItsStartAndThatItAnswers()

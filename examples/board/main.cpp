@@ -25,6 +25,7 @@ int main(int argc, char **argv)
     screens.showFullScreen();
     application.processEvents();  // paints it
     Board::tellStarted();
+    screens.startWatch();
     set_time();  // the clock on the screen asks the chip only every few hours
     return application.exec();
 }
