@@ -12,6 +12,7 @@
 #include "vncscreen.h"
 
 #include <csignal>
+#include <sys/resource.h>
 
 namespace {
 
@@ -55,6 +56,12 @@ public:
     }
 
     void unplug() { keys.reset(); }
+
+    QByteArray read(const QString &name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 
     void strike(int code)
     {
@@ -123,6 +130,28 @@ private:
     QProcess m_process;
 };
 
+/// While it lives, programs are started to which the disk is full as soon as a file has 1000 bytes.
+class FullDisk
+{
+public:
+    FullDisk()
+    {
+        ::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit small = {1000, m_limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_limit);
+        ::signal(SIGXFSZ, SIG_DFL);
+    }
+
+private:
+    rlimit m_limit;
+};
+
 QString vnc(int port)
 {
     return QStringLiteral("vnc:size=220x176:port=%1").arg(port);
@@ -182,6 +211,8 @@ private slots:
     void startLeavesTheFileAsItIs();
     void escapeLeavesTheNameAsItWas();
     void settingsThatCannotBeKeptAreNamed();
+    void fullDiskLeavesTheFileAsItWas();
+    void settingOfAnotherVersionIsKept();
     void startSetsTheTimeOfTheChip();
     void chipThatCannotBeReadIsSaidOnce();
     void isNotWatchedBeforeItHasStarted();
@@ -286,9 +317,7 @@ void TestBoardExample::startLeavesTheFileAsItIs()
     Program program(board, "offscreen", {"row Clock", "key 2", "row Name: Ann", "key 6", "text Ann", "key Menu", "row Name: Ann",
                                          "leave"});
     QVERIFY(program.ends());
-    QFile file(board.path("kept/board.ini"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), kept);
+    QCOMPARE(board.read("kept/board.ini"), kept);
 }
 
 void TestBoardExample::escapeLeavesTheNameAsItWas()
@@ -307,6 +336,33 @@ void TestBoardExample::settingsThatCannotBeKeptAreNamed()
     Program program(board, "offscreen", {"row Clock", "text Settings", "key 8", "key 6", "row Time 12 hours",
                                          "text Settings (not kept)", "leave"});
     QVERIFY(program.ends());
+}
+
+void TestBoardExample::fullDiskLeavesTheFileAsItWas()
+{
+    TestBoard board;
+    const QByteArray kept = "[General]\nclicks=On\ncolour=" + QByteArray(2000, 'r') + "\nhours=12 hours\nname=Ann\n";
+    board.write("kept/board.ini", kept);
+    QScopedPointer<Program> program;
+    {
+        const FullDisk disk;
+        program.reset(new Program(board, "offscreen", {"row Clock", "text Settings", "key 8", "row Time 12 hours", "key 6",
+                                                       "row Time 24 hours", "text Settings (not kept)", "leave"}));
+    }
+    QVERIFY(program->ends());
+    QCOMPARE(board.read("kept/board.ini"), kept);
+}
+
+void TestBoardExample::settingOfAnotherVersionIsKept()
+{
+    TestBoard board;
+    board.write("kept/board.ini", "[General]\ncolour=red\nhours=12 hours\n\n[Radio]\nstation=7\n");
+    Program program(board, "offscreen", {"row Clock", "key 8", "row Time 12 hours", "key 6", "row Time 24 hours", "leave"});
+    QVERIFY(program.ends());
+    const QSettings kept(board.path("kept/board.ini"), QSettings::IniFormat);
+    QCOMPARE(kept.value("colour").toString(), QString("red"));
+    QCOMPARE(kept.value("hours").toString(), QString("24 hours"));
+    QCOMPARE(kept.value("Radio/station").toString(), QString("7"));
 }
 
 void TestBoardExample::startSetsTheTimeOfTheChip()
