@@ -19,6 +19,9 @@ namespace {
 /// Saturday, 7 March 2026, 13:05:09 in the time zone that the program has.
 const char Time[] = "1772888709";
 
+/// For those who read what systemd is told meanwhile: where nobody does, it soon cannot be told any more.
+const QMap<QString, QString> isToldOften = {{"WATCHDOG_USEC", "600000"}};
+
 const QSize ScreenSize(220, 176);
 const QRect FirstRow(0, 38, 220, 46);
 const QRect SecondRow(0, 84, 220, 46);
@@ -91,7 +94,7 @@ public:
         all.insert("QT_QPA_PLATFORM", platform);
         all.insert("STATE_DIRECTORY", board.path("kept"));
         all.insert("TZ", "UTC");
-        all.insert("WATCHDOG_USEC", "600000");
+        all.insert("WATCHDOG_USEC", "3600000000");
         all.insert("WIDGET_BOARD_CONF", board.path("board.conf"));
         all.insert("WIDGET_TEST_DEVICES", board.path("x").chopped(1));
         if (!steps.isEmpty()) {
@@ -217,6 +220,7 @@ private slots:
     void chipThatCannotBeReadIsSaidOnce();
     void isNotWatchedBeforeItHasStarted();
     void systemdHearsOfItsStartAndThatItAnswers();
+    void hangIsNoticed();
     void terminationStopsTheWatchdog();
     void unpluggedKeypadWorksWhenItIsBack();
     void guideShowsItAsItIs();
@@ -396,13 +400,36 @@ void TestBoardExample::isNotWatchedBeforeItHasStarted()
 void TestBoardExample::systemdHearsOfItsStartAndThatItAnswers()
 {
     TestBoard board;
-    Program program(board, "offscreen");
+    Program program(board, "offscreen", {}, isToldOften);
     EVENTUALLY(board.systemd.messages().contains("READY=1"));
     EVENTUALLY(board.systemd.messages().count("WATCHDOG=1") >= 4);
     program.signal(SIGTERM);
+    EVENTUALLY_COMPARE(board.systemd.messages().last(), QString("STOPPING=1"));
     QVERIFY(program.ends());
-    QCOMPARE(board.systemd.messages().last(), QString("STOPPING=1"));
     QCOMPARE(board.log.texts(), QStringList());
+}
+
+// The screens wait for a clock chip that does not answer.
+void TestBoardExample::hangIsNoticed()
+{
+    TestBoard board("thread_timeout_ms = 3000\n");
+    QFile::remove(board.path("state/rtc0"));
+    Fifo chip(board.path("state/rtc0"));
+    Program program(board, "offscreen", {}, isToldOften);
+    const QRegularExpression hangs("^\\[watchdog\\] \"screens\" has not answered for \\S+ s, systemd is not told$");
+    EVENTUALLY(board.systemd.messages().contains("WATCHDOG=1") && !board.log.texts().filter(hangs).isEmpty());
+    const QStringList told = board.systemd.messages();
+    passTime(1000);  // five times what is otherwise between two messages
+    QCOMPARE(board.systemd.messages(), told);
+
+    const char answer[] = "2031-05-06 07:08:09\n";
+    chip.write(answer, sizeof(answer) - 1);
+    EVENTUALLY(board.systemd.messages().size() > told.size());
+    QVERIFY(!board.log.texts().filter("\"screens\" answers again after ").isEmpty());
+    program.signal(SIGTERM);
+    EVENTUALLY_COMPARE(board.systemd.messages().last(), QString("STOPPING=1"));
+    QVERIFY(program.ends());
+    QCOMPARE(board.requests(), QStringList("clock_settime 1935817689"));
 }
 
 void TestBoardExample::terminationStopsTheWatchdog()
