@@ -207,6 +207,7 @@ class TestBoardExample : public QObject
 private slots:
     void keyMovesTheFocusInThePicture();
     void largerDisplayHasTheScreenInItsMiddle();
+    void pointOfAnotherSizeChangesTheLetters();
     void clockOpensAndCloses_data();
     void clockOpensAndCloses();
     void nameIsTypedAndKept();
@@ -259,6 +260,24 @@ void TestBoardExample::largerDisplayHasTheScreenInItsMiddle()
             QVERIFY(middle.contains(x, y) || all.pixel(x, y) == qRgb(0, 0, 0));
     }
     QVERIFY(backgroundOf(all.copy(middle), FirstRow) != qRgb(0, 0, 0));
+}
+
+void TestBoardExample::pointOfAnotherSizeChangesTheLetters()
+{
+    TestBoard board;
+    QList<QImage> rows;
+    for (const char *dpi : {"", "72", "36"}) {
+        const int port = VncScreen::freePort();
+        const Program program(board, vnc(port), {}, {{"QT_FONT_DPI", dpi}});
+        VncScreen screen;
+        QVERIFY(screen.connectTo(port));
+        QImage whole;
+        EVENTUALLY((whole = screen.picture()).size() == ScreenSize
+                   && backgroundOf(whole, FirstRow) != backgroundOf(whole, SecondRow));
+        rows += whole.copy(SecondRow);
+    }
+    QCOMPARE(rows.at(0), rows.at(1));
+    QVERIFY(rows.at(2) != rows.at(1));
 }
 
 void TestBoardExample::clockOpensAndCloses_data()

@@ -15,7 +15,8 @@
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_FONT_DPI", "72");  // a point is a pixel; Qt 4.8 has "-display" for that
+    if (qgetenv("QT_FONT_DPI").isEmpty())
+        qputenv("QT_FONT_DPI", "72");  // a point is a pixel; Qt 4.8 has "-display" for that
     QApplication application(argc, argv);
     application.setOverrideCursor(Qt::BlankCursor);
     Board::quitOnTermination();
