@@ -224,6 +224,7 @@ private slots:
     void hangIsNoticed();
     void terminationStopsTheWatchdog();
     void unpluggedKeypadWorksWhenItIsBack();
+    void systemdUnderstandsTheUnit();
     void guideShowsItAsItIs();
 };
 
@@ -478,6 +479,25 @@ void TestBoardExample::unpluggedKeypadWorksWhenItIsBack()
     EVENTUALLY(board.log.texts().filter("is read").size() == 2);
     board.strike(KEY_8);
     QVERIFY(program.ends());
+}
+
+void TestBoardExample::systemdUnderstandsTheUnit()
+{
+    if (!STARTS_PROGRAMS_OF_THIS_MACHINE || !QFile::exists("/usr/bin/systemd-analyze"))
+        QSKIP("There is no systemd-analyze that can be run");
+    QFile unit(UNIT);
+    QVERIFY(unit.open(QIODevice::ReadOnly));
+    QByteArray text = unit.readAll();
+    const QByteArray installed = "ExecStart=" INSTALLED_PROGRAM "\n";
+    QVERIFY(text.contains(installed));
+    const DeviceDirectory directory;
+    directory.write("board.service", text.replace(installed, "ExecStart=" PROGRAM "\n"));
+    QProcess systemd;
+    systemd.setProcessChannelMode(QProcess::MergedChannels);
+    systemd.start("/usr/bin/systemd-analyze", {"verify", "--man=no", directory.path("board.service")});
+    QVERIFY(systemd.waitForFinished(LongestWait));
+    QCOMPARE(QString(systemd.readAll()), QString());
+    QCOMPARE(systemd.exitCode(), 0);
 }
 
 void TestBoardExample::guideShowsItAsItIs()
