@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <cstring>
 #include <vector>
 
 #include <dlfcn.h>
@@ -19,15 +20,40 @@ Function *systems(Function *, const char *name)
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
 }
 
-std::vector<char *> emulated(char *const *arguments)
+// Libraries to be loaded first (LD_PRELOAD) are the program's, and QEMU itself cannot load them: it hands them on.
+char *takePreloads(std::vector<char *> *environment)
+{
+    for (auto it = environment->begin(); *it; ++it) {
+        char *const variable = *it;
+        if (std::strncmp(variable, "LD_PRELOAD=", 11) == 0) {
+            environment->erase(it);
+            return variable;
+        }
+    }
+    return nullptr;
+}
+
+std::vector<char *> copied(char *const *words)
+{
+    std::vector<char *> copy;
+    do
+        copy.push_back(*words);
+    while (*words++);
+    return copy;
+}
+
+std::vector<char *> emulated(char *const *arguments, char *preloads)
 {
     static const char *const emulator[] = {EMULATOR};
     std::vector<char *> command;
     for (const char *word : emulator)
         command.push_back(const_cast<char *>(word));
-    do
-        command.push_back(*arguments);
-    while (*arguments++);
+    if (preloads) {
+        command.push_back(const_cast<char *>("-E"));
+        command.push_back(preloads);
+    }
+    const std::vector<char *> own = copied(arguments);
+    command.insert(command.end(), own.begin(), own.end());
     return command;
 }
 
@@ -41,8 +67,9 @@ __attribute__((constructor)) void takeName()
 // The kernel would be asked to run a program for another processor. The toolkit gives the path as the first argument.
 extern "C" __attribute__((visibility("default"))) int execve(const char *, char *const *arguments, char *const *environment) noexcept
 {
-    const std::vector<char *> command = emulated(arguments);
-    return systems(execve, "execve")(command[0], command.data(), environment);
+    std::vector<char *> own = copied(environment);
+    const std::vector<char *> command = emulated(arguments, takePreloads(&own));
+    return systems(execve, "execve")(command[0], command.data(), own.data());
 }
 
 extern "C" __attribute__((visibility("default"))) int execv(const char *path, char *const *arguments) noexcept

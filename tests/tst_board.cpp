@@ -12,11 +12,15 @@
 #include "vncscreen.h"
 
 #include <csignal>
+#include <sys/resource.h>
 
 namespace {
 
 /// Saturday, 7 March 2026, 13:05:09 in the time zone that the program has.
 const char Time[] = "1772888709";
+
+/// For those who read what systemd is told meanwhile: where nobody does, it soon cannot be told any more.
+const QMap<QString, QString> isToldOften = {{"WATCHDOG_USEC", "600000"}};
 
 const QSize ScreenSize(220, 176);
 const QRect FirstRow(0, 38, 220, 46);
@@ -28,7 +32,7 @@ QRgb backgroundOf(const QImage &screen, const QRect &row)
     return screen.pixel(row.left() + 2, row.top() + 3);
 }
 
-/// A board with one keypad.
+/// A board with one keypad. That a thread hangs is said where a test has it hang, not where the machine is slow.
 class TestBoard : public DeviceDirectory
 {
 public:
@@ -37,8 +41,11 @@ public:
           systemd(path("notify"))
     {
         QDir(path("")).mkdir("kept");
-        QByteArray text = "log_device = @log\ninput = @event*\ninput_scan_ms = 20\nsound_device = none\n" + lines;
+        QByteArray text = "log_device = @log\ninput = @event*\ninput_scan_ms = 20\nsound_device = none\n"
+                          "clock_device = @rtc0\nthread_timeout_ms = 3600000\n" + lines;
         write("board.conf", text.replace('@', path("x").chopped(1).toLocal8Bit()));
+        write("rtc0", QByteArray());
+        setState("rtc0", "now");
         plugIn();
     }
 
@@ -52,6 +59,12 @@ public:
     }
 
     void unplug() { keys.reset(); }
+
+    QByteArray read(const QString &name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 
     void strike(int code)
     {
@@ -81,7 +94,7 @@ public:
         all.insert("QT_QPA_PLATFORM", platform);
         all.insert("STATE_DIRECTORY", board.path("kept"));
         all.insert("TZ", "UTC");
-        all.insert("WATCHDOG_USEC", "600000");
+        all.insert("WATCHDOG_USEC", "3600000000");
         all.insert("WIDGET_BOARD_CONF", board.path("board.conf"));
         all.insert("WIDGET_TEST_DEVICES", board.path("x").chopped(1));
         if (!steps.isEmpty()) {
@@ -118,6 +131,28 @@ public:
 
 private:
     QProcess m_process;
+};
+
+/// While it lives, programs are started to which the disk is full as soon as a file has 1000 bytes.
+class FullDisk
+{
+public:
+    FullDisk()
+    {
+        ::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit small = {1000, m_limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_limit);
+        ::signal(SIGXFSZ, SIG_DFL);
+    }
+
+private:
+    rlimit m_limit;
 };
 
 QString vnc(int port)
@@ -172,6 +207,7 @@ class TestBoardExample : public QObject
 private slots:
     void keyMovesTheFocusInThePicture();
     void largerDisplayHasTheScreenInItsMiddle();
+    void pointOfAnotherSizeChangesTheLetters();
     void clockOpensAndCloses_data();
     void clockOpensAndCloses();
     void nameIsTypedAndKept();
@@ -179,9 +215,16 @@ private slots:
     void startLeavesTheFileAsItIs();
     void escapeLeavesTheNameAsItWas();
     void settingsThatCannotBeKeptAreNamed();
+    void fullDiskLeavesTheFileAsItWas();
+    void settingOfAnotherVersionIsKept();
+    void startSetsTheTimeOfTheChip();
+    void chipThatCannotBeReadIsSaidOnce();
+    void isNotWatchedBeforeItHasStarted();
     void systemdHearsOfItsStartAndThatItAnswers();
+    void hangIsNoticed();
     void terminationStopsTheWatchdog();
     void unpluggedKeypadWorksWhenItIsBack();
+    void systemdUnderstandsTheUnit();
     void guideShowsItAsItIs();
 };
 
@@ -218,6 +261,24 @@ void TestBoardExample::largerDisplayHasTheScreenInItsMiddle()
             QVERIFY(middle.contains(x, y) || all.pixel(x, y) == qRgb(0, 0, 0));
     }
     QVERIFY(backgroundOf(all.copy(middle), FirstRow) != qRgb(0, 0, 0));
+}
+
+void TestBoardExample::pointOfAnotherSizeChangesTheLetters()
+{
+    TestBoard board;
+    QList<QImage> rows;
+    for (const char *dpi : {"", "72", "36"}) {
+        const int port = VncScreen::freePort();
+        const Program program(board, vnc(port), {}, {{"QT_FONT_DPI", dpi}});
+        VncScreen screen;
+        QVERIFY(screen.connectTo(port));
+        QImage whole;
+        EVENTUALLY((whole = screen.picture()).size() == ScreenSize
+                   && backgroundOf(whole, FirstRow) != backgroundOf(whole, SecondRow));
+        rows += whole.copy(SecondRow);
+    }
+    QCOMPARE(rows.at(0), rows.at(1));
+    QVERIFY(rows.at(2) != rows.at(1));
 }
 
 void TestBoardExample::clockOpensAndCloses_data()
@@ -280,9 +341,7 @@ void TestBoardExample::startLeavesTheFileAsItIs()
     Program program(board, "offscreen", {"row Clock", "key 2", "row Name: Ann", "key 6", "text Ann", "key Menu", "row Name: Ann",
                                          "leave"});
     QVERIFY(program.ends());
-    QFile file(board.path("kept/board.ini"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), kept);
+    QCOMPARE(board.read("kept/board.ini"), kept);
 }
 
 void TestBoardExample::escapeLeavesTheNameAsItWas()
@@ -303,16 +362,94 @@ void TestBoardExample::settingsThatCannotBeKeptAreNamed()
     QVERIFY(program.ends());
 }
 
+void TestBoardExample::fullDiskLeavesTheFileAsItWas()
+{
+    TestBoard board;
+    const QByteArray kept = "[General]\nclicks=On\ncolour=" + QByteArray(2000, 'r') + "\nhours=12 hours\nname=Ann\n";
+    board.write("kept/board.ini", kept);
+    QScopedPointer<Program> program;
+    {
+        const FullDisk disk;
+        program.reset(new Program(board, "offscreen", {"row Clock", "text Settings", "key 8", "row Time 12 hours", "key 6",
+                                                       "row Time 24 hours", "text Settings (not kept)", "leave"}));
+    }
+    QVERIFY(program->ends());
+    QCOMPARE(board.read("kept/board.ini"), kept);
+}
+
+void TestBoardExample::settingOfAnotherVersionIsKept()
+{
+    TestBoard board;
+    board.write("kept/board.ini", "[General]\ncolour=red\nhours=12 hours\n\n[Radio]\nstation=7\n");
+    Program program(board, "offscreen", {"row Clock", "key 8", "row Time 12 hours", "key 6", "row Time 24 hours", "leave"});
+    QVERIFY(program.ends());
+    const QSettings kept(board.path("kept/board.ini"), QSettings::IniFormat);
+    QCOMPARE(kept.value("colour").toString(), QString("red"));
+    QCOMPARE(kept.value("hours").toString(), QString("24 hours"));
+    QCOMPARE(kept.value("Radio/station").toString(), QString("7"));
+}
+
+void TestBoardExample::startSetsTheTimeOfTheChip()
+{
+    TestBoard board;
+    board.setState("rtc0", "2031-05-06 07:08:09");
+    Program program(board, "offscreen", {"row Clock", "leave"});
+    QVERIFY(program.ends());
+    QCOMPARE(board.requests(), QStringList("clock_settime 1935817689"));
+    QCOMPARE(board.log.texts(), QStringList());
+}
+
+void TestBoardExample::chipThatCannotBeReadIsSaidOnce()
+{
+    TestBoard board;
+    QFile::remove(board.path("state/rtc0"));
+    Program program(board, "offscreen", {"row Clock", "leave"});
+    QVERIFY(program.ends());
+    QCOMPARE(board.log.texts(), QStringList("[clock] " + board.path("rtc0") + ": Input/output error"));
+    QCOMPARE(board.requests(), QStringList());
+}
+
+void TestBoardExample::isNotWatchedBeforeItHasStarted()
+{
+    TestBoard board;
+    const Program program(board, "offscreen");
+    EVENTUALLY(board.systemd.messages().contains("WATCHDOG=1"));
+    QCOMPARE(board.systemd.messages().first(), QString("READY=1"));
+}
+
 void TestBoardExample::systemdHearsOfItsStartAndThatItAnswers()
 {
     TestBoard board;
-    Program program(board, "offscreen");
+    Program program(board, "offscreen", {}, isToldOften);
     EVENTUALLY(board.systemd.messages().contains("READY=1"));
     EVENTUALLY(board.systemd.messages().count("WATCHDOG=1") >= 4);
     program.signal(SIGTERM);
+    EVENTUALLY_COMPARE(board.systemd.messages().last(), QString("STOPPING=1"));
     QVERIFY(program.ends());
-    QCOMPARE(board.systemd.messages().last(), QString("STOPPING=1"));
     QCOMPARE(board.log.texts(), QStringList());
+}
+
+// The screens wait for a clock chip that does not answer.
+void TestBoardExample::hangIsNoticed()
+{
+    TestBoard board("thread_timeout_ms = 3000\n");
+    QFile::remove(board.path("state/rtc0"));
+    Fifo chip(board.path("state/rtc0"));
+    Program program(board, "offscreen", {}, isToldOften);
+    const QRegularExpression hangs("^\\[watchdog\\] \"screens\" has not answered for \\S+ s, systemd is not told$");
+    EVENTUALLY(board.systemd.messages().contains("WATCHDOG=1") && !board.log.texts().filter(hangs).isEmpty());
+    const QStringList told = board.systemd.messages();
+    passTime(1000);  // five times what is otherwise between two messages
+    QCOMPARE(board.systemd.messages(), told);
+
+    const char answer[] = "2031-05-06 07:08:09\n";
+    chip.write(answer, sizeof(answer) - 1);
+    EVENTUALLY(board.systemd.messages().size() > told.size());
+    QVERIFY(!board.log.texts().filter("\"screens\" answers again after ").isEmpty());
+    program.signal(SIGTERM);
+    EVENTUALLY_COMPARE(board.systemd.messages().last(), QString("STOPPING=1"));
+    QVERIFY(program.ends());
+    QCOMPARE(board.requests(), QStringList("clock_settime 1935817689"));
 }
 
 void TestBoardExample::terminationStopsTheWatchdog()
@@ -342,6 +479,25 @@ void TestBoardExample::unpluggedKeypadWorksWhenItIsBack()
     EVENTUALLY(board.log.texts().filter("is read").size() == 2);
     board.strike(KEY_8);
     QVERIFY(program.ends());
+}
+
+void TestBoardExample::systemdUnderstandsTheUnit()
+{
+    if (!STARTS_PROGRAMS_OF_THIS_MACHINE || !QFile::exists("/usr/bin/systemd-analyze"))
+        QSKIP("There is no systemd-analyze that can be run");
+    QFile unit(UNIT);
+    QVERIFY(unit.open(QIODevice::ReadOnly));
+    QByteArray text = unit.readAll();
+    const QByteArray installed = "ExecStart=" INSTALLED_PROGRAM "\n";
+    QVERIFY(text.contains(installed));
+    const DeviceDirectory directory;
+    directory.write("board.service", text.replace(installed, "ExecStart=" PROGRAM "\n"));
+    QProcess systemd;
+    systemd.setProcessChannelMode(QProcess::MergedChannels);
+    systemd.start("/usr/bin/systemd-analyze", {"verify", "--man=no", directory.path("board.service")});
+    QVERIFY(systemd.waitForFinished(LongestWait));
+    QCOMPARE(QString(systemd.readAll()), QString());
+    QCOMPARE(systemd.exitCode(), 0);
 }
 
 void TestBoardExample::guideShowsItAsItIs()

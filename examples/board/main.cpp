@@ -9,12 +9,14 @@
 
 #include "platform/linux/boardkeys.h"
 #include "platform/linux/boardservice.h"
+#include "platform/systemtime.h"
 
 #include <QApplication>
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_FONT_DPI", "72");  // a point is a pixel; Qt 4.8 has "-display" for that
+    if (qgetenv("QT_FONT_DPI").isEmpty())
+        qputenv("QT_FONT_DPI", "72");  // a point is a pixel; Qt 4.8 has "-display" for that
     QApplication application(argc, argv);
     application.setOverrideCursor(Qt::BlankCursor);
     Board::quitOnTermination();
@@ -24,5 +26,7 @@ int main(int argc, char **argv)
     screens.showFullScreen();
     application.processEvents();  // paints it
     Board::tellStarted();
+    screens.startWatch();
+    set_time();  // the clock on the screen asks the chip only every few hours
     return application.exec();
 }

@@ -24,13 +24,17 @@ Screens::Screens()
     m_menu->resize(ScreenSize);
     connect(m_menu, SIGNAL(clockWanted()), this, SLOT(openClock()));
     connect(m_menu, SIGNAL(nameWanted()), this, SLOT(openName()));
-    Util::startWatchThread(WatchName);
-    startTimer(KickPeriod);
 }
 
 Screens::~Screens()
 {
     Util::stopWatchThread(WatchName);
+}
+
+void Screens::startWatch()
+{
+    Util::startWatchThread(WatchName);
+    startTimer(KickPeriod);
 }
 
 void Screens::resizeEvent(QResizeEvent *)

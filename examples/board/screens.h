@@ -8,8 +8,6 @@ class SettingsMenu;
 
 /// The whole display: the menu of settings, and before it a screen that was opened there. They are in the middle of a
 /// larger display.
-///
-/// The watchdog is to hear from it each second.
 class Screens : public QWidget
 {
     Q_OBJECT
@@ -17,6 +15,10 @@ class Screens : public QWidget
 public:
     Screens();
     virtual ~Screens();
+
+    /// The watchdog is to hear from it each second from now on. To be called once, when the first picture is painted: how
+    /// long that takes is up to fonts and storage.
+    void startWatch();
 
 protected:
     virtual void resizeEvent(QResizeEvent *event);

@@ -9,6 +9,9 @@
 #include <QFile>
 #include <QSettings>
 
+#include <cstdio>
+#include <unistd.h>
+
 namespace {
 
 // systemd names the directory that it has made for the unit.
@@ -16,6 +19,15 @@ QString settingsFile()
 {
     const QByteArray directory = qgetenv("STATE_DIRECTORY");
     return (directory.isEmpty() ? QDir::homePath() : QFile::decodeName(directory)) + "/board.ini";
+}
+
+// Has the file \a next take the place of the settings, once all of it is on the disk. A full disk may show in nothing but
+// its missing end.
+bool replaceSettingsFile(const QString &next)
+{
+    QFile file(next);
+    return file.open(QIODevice::ReadOnly) && file.readAll().endsWith('\n') && fsync(file.handle()) == 0
+            && std::rename(QFile::encodeName(next).constData(), QFile::encodeName(settingsFile()).constData()) == 0;
 }
 
 }
@@ -108,10 +120,22 @@ void SettingsMenu::takeOver()
 
 void SettingsMenu::keep()
 {
-    QSettings file(settingsFile(), QSettings::IniFormat);
+    setTitle(write() ? "Settings" : "Settings (not kept)", true);
+}
+
+// Qt 4.8 writes into the file itself, so that a full disk or a loss of power would take all settings.
+bool SettingsMenu::write() const
+{
+    const QString next = settingsFile() + ".new";
+    QFile::remove(next);
+    QSettings file(next, QSettings::IniFormat);
+    const QSettings old(settingsFile(), QSettings::IniFormat);
+    const QStringList keys = old.allKeys();
+    for (int i = 0; i < keys.size(); ++i)
+        file.setValue(keys.at(i), old.value(keys.at(i)));
     file.setValue("hours", m_hours->getDisplayValue());
     file.setValue("clicks", m_clicks->getDisplayValue());
     file.setValue("name", m_name);
     file.sync();
-    setTitle(file.status() == QSettings::NoError ? "Settings" : "Settings (not kept)", true);
+    return file.status() == QSettings::NoError && replaceSettingsFile(next);
 }

@@ -35,6 +35,7 @@ private:
     void muteClicks();
     void restore();
     void keep();
+    bool write() const;
 
     WidgetListItem *m_hours;
     WidgetListItem *m_clicks;
