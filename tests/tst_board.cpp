@@ -222,6 +222,7 @@ private slots:
     void isNotWatchedBeforeItHasStarted();
     void systemdHearsOfItsStartAndThatItAnswers();
     void hangIsNoticed();
+    void terminationStopsTheWatchdog_data();
     void terminationStopsTheWatchdog();
     void unpluggedKeypadWorksWhenItIsBack();
     void systemdUnderstandsTheUnit();
@@ -452,15 +453,25 @@ void TestBoardExample::hangIsNoticed()
     QCOMPARE(board.requests(), QStringList("clock_settime 1935817689"));
 }
 
+void TestBoardExample::terminationStopsTheWatchdog_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGHUP") << SIGHUP;
+}
+
 void TestBoardExample::terminationStopsTheWatchdog()
 {
+    QFETCH(int, number);
+    ::signal(number, SIG_DFL);  // nohup has the program start otherwise
     TestBoard board("watchdog_device = @watchdog\nwatchdog_s = 1\n");
     Fifo watchdog(board.path("watchdog"));
     Program program(board, "offscreen");
     QByteArray fed;
     EVENTUALLY((fed += watchdog.readAll()).size() >= 3);
     EVENTUALLY(board.systemd.messages().contains("READY=1"));
-    program.signal(SIGTERM);
+    program.signal(number);
     QVERIFY(program.ends());
     QVERIFY((fed += watchdog.readAll()).endsWith('V'));
 }

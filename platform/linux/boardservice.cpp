@@ -109,6 +109,10 @@ void Board::quitOnTermination()
     action.sa_flags = SA_RESTART;
     sigaction(SIGTERM, &action, 0);
     sigaction(SIGINT, &action, 0);
+    // That of a terminal that goes, which nohup has ignored.
+    struct sigaction before;
+    if (sigaction(SIGHUP, 0, &before) == 0 && before.sa_handler != SIG_IGN)
+        sigaction(SIGHUP, &action, 0);
 }
 
 long long Board::serviceTimeoutMs()

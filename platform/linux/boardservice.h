@@ -14,8 +14,9 @@ namespace Board {
 /// is another one: `[service] systemd cannot be told "READY=1": No such file or directory`. Callable from any thread.
 bool tellStarted();
 
-/// Has SIGTERM and SIGINT end the application as QCoreApplication::quit() does, so that the hardware watchdog is stopped
-/// (watchdog_at_exit) and what is to be kept is kept. To be called once, after the QApplication is made.
+/// Has SIGTERM, SIGINT and, unless it is ignored, SIGHUP end the application as QCoreApplication::quit() does, so that the
+/// hardware watchdog is stopped (watchdog_at_exit) and what is to be kept is kept. To be called once, after the QApplication
+/// is made.
 void quitOnTermination();
 
 }
