@@ -9,6 +9,8 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <numeric>
+#include <vector>
 
 /// What is in a row of a list.
 struct Row
@@ -151,16 +153,17 @@ public:
     void sortRows()
     {
         emit layoutAboutToBeChanged();
-        const QModelIndexList old = persistentIndexList();
-        QStringList titles;
-        for (const QModelIndex &index : old)
-            titles.append(m_rows.at(index.row()).title);
-        std::stable_sort(m_rows.begin(), m_rows.end(), [](const Row &a, const Row &b) { return a.title < b.title; });
-        for (int i = 0; i < old.size(); ++i) {
-            const auto row = std::find_if(m_rows.begin(), m_rows.end(),
-                                          [&](const Row &candidate) { return candidate.title == titles.at(i); });
-            changePersistentIndex(old.at(i), index(int(row - m_rows.begin())));
+        const QList<Row> rows = m_rows;
+        std::vector<int> order(rows.size());
+        std::iota(order.begin(), order.end(), 0);
+        std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return rows.at(a).title < rows.at(b).title; });
+        QModelIndexList from, to;
+        for (int i = 0; i < rows.size(); ++i) {
+            m_rows[i] = rows.at(order[i]);
+            from << index(order[i]);
+            to << index(i);
         }
+        changePersistentIndexList(from, to);
         emit layoutChanged();
     }
 

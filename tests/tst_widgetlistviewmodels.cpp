@@ -316,6 +316,7 @@ private slots:
     void valueMaySortItsRowElsewhere();
     void valueMayFilterItsRowOut();
     void hiddenRowsStayHiddenWithTheirItems();
+    void hiddenRowsThatAModelTakesForOneAreHiddenOnce();
     void longTitleScrollsOnWhenRowsComeAbove();
     void sameTitleInTheNextRowStartsFromItsBeginning();
     void titleScrollsOnlyWhereItIsSeenWithTheFocus();
@@ -603,6 +604,32 @@ void TestWidgetListViewModels::valueMayFilterItsRowOut()
     QCOMPARE(filter.rowCount(), 11);
     QCOMPARE(takeNotes(), QStringList{s_click});
     QCOMPARE(titleOf(menu), QString("row 4"));
+    QVERIFY(looksFresh(menu));
+}
+
+void TestWidgetListViewModels::hiddenRowsThatAModelTakesForOneAreHiddenOnce()
+{
+    class CarelessModel : public RowsModel
+    {
+    public:
+        using RowsModel::RowsModel;
+        void takeForOne(int row, int other)
+        {
+            emit layoutAboutToBeChanged();
+            changePersistentIndex(index(other), index(row));
+            emit layoutChanged();
+        }
+    } model(RowsModel::titled(QStringList({"a", "b", "b", "c", "d", "e", "f"})));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->hideItem(1);
+    menu.list->hideItem(2);
+    model.takeForOne(1, 2);
+    QVERIFY(looksFresh(menu, {1}));
+    QCOMPARE(menu.list->findNextRow(0), 2);
+    menu.list->setFocusAtItem(6);
+    QVERIFY(looksFresh(menu, {1}));
+    menu.list->showItem(1);
     QVERIFY(looksFresh(menu));
 }
 

@@ -265,6 +265,8 @@ void RowView::takeRows()
             m_hiddenRows.removeAt(i);
     }
     std::sort(m_hiddenRows.begin(), m_hiddenRows.end(), isAboveOther);
+    // A model that sorts may take rows of one text for the same one.
+    m_hiddenRows.erase(std::unique(m_hiddenRows.begin(), m_hiddenRows.end()), m_hiddenRows.end());
     settle();
     // Later, because the model is still telling others of its change.
     if (!m_fetching && model() && model()->canFetchMore(QModelIndex()))
