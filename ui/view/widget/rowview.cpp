@@ -266,7 +266,10 @@ void RowView::takeRows()
     }
     std::sort(m_hiddenRows.begin(), m_hiddenRows.end(), isAboveOther);
     // A model that sorts may take rows of one text for the same one.
-    m_hiddenRows.erase(std::unique(m_hiddenRows.begin(), m_hiddenRows.end()), m_hiddenRows.end());
+    for (int i = int(m_hiddenRows.size()) - 1; i > 0; --i) {
+        if (m_hiddenRows.at(i) == m_hiddenRows.at(i - 1))
+            m_hiddenRows.removeAt(i);
+    }
     settle();
     // Later, because the model is still telling others of its change.
     if (!m_fetching && model() && model()->canFetchMore(QModelIndex()))
