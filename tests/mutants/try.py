@@ -152,7 +152,7 @@ class Builder:
         self.units = {}
         with open(os.path.join(build, 'compile_commands.json')) as file:
             for entry in json.load(file):
-                if '/widget.dir/' in entry['command']:
+                if '/widget.dir/' in entry['command'] and not entry['file'].endswith('cmake_pch.hxx.cxx'):
                     self.add_unit(entry)
         if not self.units:
             fail('there is no library in %s' % build)
@@ -169,6 +169,10 @@ class Builder:
         output = os.path.join(entry['directory'], words[words.index('-o') + 1])
         del words[words.index('-o'):words.index('-o') + 2]
         del words[words.index('-c'):]
+        # What the build has read of the toolkit was read with other options.
+        if '-include' in words:
+            del words[words.index('-include'):words.index('-include') + 2]
+            words.remove('-Winvalid-pch')
         words = [word for word in words if not word.startswith('-Werror') and not word.startswith('-O') and word != '-g']
         # Not -w, which would also keep silent of that.
         words = [word for word in words if word not in ('-Wall', '-Wextra', '-Wpedantic')]
