@@ -192,6 +192,7 @@ private slots:
     void longPressIsReportedAtTheEleventhRepeat_data();
     void longPressIsReportedAtTheEleventhRepeat();
     void longPressClicksWithoutASoundManager();
+    void otherKeysThatAreHeldAreNotReported();
     void repeatsOfSeveralPressesAddUp();
     void countStartsAnewAfterALongPress();
     void countStartsAnewWithAShow();
@@ -1662,6 +1663,17 @@ void TestWidgetList::longPressClicksWithoutASoundManager()
     releaseKey(&list, Qt::Key_2);
     releaseKey(&list, Qt::Key_8);
     QCOMPARE(RecordingPlatform::sounds(), QList<int>({901, 901}));
+}
+
+void TestWidgetList::otherKeysThatAreHeldAreNotReported()
+{
+    WidgetList list(3, nullptr, nullptr);
+    addRows(list, 3);
+    noteSignals(&list);
+    RecordingPlatform::reset();
+    for (int key : {int(Qt::Key_5), int(Qt::Key_6), int(Qt::Key_F1), int(Qt::Key_Menu), int(Qt::Key_Escape)})
+        repeatKey(&list, key, 20);
+    QCOMPARE(RecordingPlatform::events(), QStringList());
 }
 
 void TestWidgetList::repeatsOfSeveralPressesAddUp()
