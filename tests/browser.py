@@ -250,12 +250,22 @@ class Page:
 
     def find(self, png):
         """Where a picture stands on the display, to the pixel, as x and y; None if it does not."""
+        return self.compare(png, """
+            for (let y = 0; y + picture.height <= shown.height; ++y)
+                for (let x = 0; x + picture.width <= shown.width; ++x)
+                    if (a.every((pixel, i) => pixel == b[(y + Math.floor(i / picture.width)) * shown.width
+                                                         + x + i % picture.width]))
+                        return [x, y];
+            return null;""")
+
+    def compare(self, png, script):
+        """What a script says that is given the canvas "shown" with its pixels b, and a "picture" with its pixels a."""
         return self.evaluate("""(async () => {
             const shown = document.querySelector('canvas');
             if (!shown || !shown.width)
                 return null;
             const picture = new Image();
-            picture.src = 'data:image/png;base64,%s';
+            picture.src = 'data:image/png;base64,""" + base64.b64encode(png).decode() + """';
             await picture.decode();
             const copy = document.createElement('canvas');
             copy.width = picture.width;
@@ -263,36 +273,18 @@ class Page:
             copy.getContext('2d').drawImage(picture, 0, 0);
             const [a, b] = [copy, shown].map(canvas => new Uint32Array(
                 canvas.getContext('2d').getImageData(0, 0, canvas.width, canvas.height).data.buffer));
-            for (let y = 0; y + copy.height <= shown.height; ++y)
-                for (let x = 0; x + copy.width <= shown.width; ++x)
-                    if (a.every((pixel, i) => pixel == b[(y + Math.floor(i / copy.width)) * shown.width
-                                                         + x + i %% copy.width]))
-                        return [x, y];
-            return null;
-        })()""" % base64.b64encode(png).decode())
+            """ + script + """
+        })()""")
 
     def text(self):
         return self.evaluate("document.body ? document.body.innerText.trim() : ''")
 
     def differences(self, png):
         """How many pixels of the device differ from those of a picture; None as long as there is no device."""
-        return self.evaluate("""(async () => {
-            const shown = document.querySelector('canvas');
-            if (!shown || !shown.width)
-                return null;
-            const picture = new Image();
-            picture.src = 'data:image/png;base64,%s';
-            await picture.decode();
+        return self.compare(png, """
             if (picture.width != shown.width || picture.height != shown.height)
                 return shown.width + 'x' + shown.height;
-            const copy = document.createElement('canvas');
-            copy.width = picture.width;
-            copy.height = picture.height;
-            copy.getContext('2d').drawImage(picture, 0, 0);
-            const [a, b] = [copy, shown].map(canvas => new Uint32Array(
-                canvas.getContext('2d').getImageData(0, 0, canvas.width, canvas.height).data.buffer));
-            return a.reduce((count, pixel, i) => count + (pixel != b[i]), 0);
-        })()""" % base64.b64encode(png).decode())
+            return a.reduce((count, pixel, i) => count + (pixel != b[i]), 0);""")
 
     def wait_for_picture(self, png):
         """Until the device looks so, to the pixel."""
