@@ -627,7 +627,8 @@ def test_port_in_use_is_told_before_anything_starts():
 
 
 def test_wrong_arguments_are_told_before_anything_starts():
-    for arguments, message in (["--zoom", "9"], "There is no zoom"), (["--keys", "x"], "--keys: "):
+    for arguments, message in ((["--zoom", "9"], "There is no zoom"), (["--keys", "x"], "--keys: "),
+                               (["--with-tools", "--device-only"], "do not go together")):
         with Simulation(*arguments) as simulation:
             expect(simulation.status() == 2, f"the status is {simulation.status()}")
             expect(message in simulation.output() and len(simulation.said) == 1, f"it says {simulation.output()}")

@@ -159,6 +159,8 @@ void TestSimulator::wrongUseIsAnError_data()
     QTest::newRow("no file of keys") << QStringList{"--keys", "@none"} << QStringList{"--keys", "\"none\""};
     QTest::newRow("record and picture") << QStringList{"--record", "a", "--picture", "a.png"}
                                         << QStringList{"--record", "--picture"};
+    QTest::newRow("full screen and device only") << QStringList{"--full-screen", "--device-only"}
+                                                 << QStringList{"--full-screen", "--device-only"};
     QTest::newRow("tour and record") << QStringList{"--tour", "a", "--record", "a"}
                                      << QStringList{"--record", "--tour"};
     QTest::newRow("no such zoom") << QStringList{"--zoom", "5"} << QStringList{"5", "1 to 4"};

@@ -12,7 +12,7 @@ browser_packages=(
 browser_port=6080
 browser_arguments=()
 browser_has_tools=no
-display_with_tools=1280x800
+size_with_tools=1280x800
 
 browser_complain() { echo "$0: --browser: $*" >&2; }
 
@@ -28,7 +28,7 @@ take_browser_option()
             fi
             ;;
         --browser=*) take_port "${1#*=}" || return ;;
-        --with-tools) browser_has_tools=yes ;;
+        --with-tools | --full-screen) browser_has_tools=yes ;;
         --picture | --picture=* | --tour | --tour=* | --list-screens)
             echo "$0: --browser and ${1%%=*} do not go together. Nothing opens a window for a browser then." >&2
             return 1
@@ -37,6 +37,10 @@ take_browser_option()
         esac
         shift
     done
+    if [ $browser_has_tools = yes ] && [[ " ${browser_arguments[*]} " == *" --device-only "* ]]; then
+        browser_complain "the tools and --device-only do not go together. Leave one of them out."
+        return 1
+    fi
 }
 
 take_port()
@@ -73,10 +77,10 @@ another_port() { echo $((browser_port < 1024 || browser_port > 65000 ? 6080 : br
 # something else has. Ends the script on a signal. Either way nothing is left.
 serve_in_browser()
 {
-    local simulator=$1 status
+    local simulator=$1 size=$size_with_tools status
     shift
     # A window takes 2 and a picture 1 if no zoom is given.
-    set -- --zoom 2 "$@"
+    set -- "$([ $browser_has_tools = yes ] && echo --full-screen || echo --device-only)" --zoom 2 "$@"
     servants=()
     display=
     place=$(mktemp -d) || return
@@ -95,13 +99,8 @@ serve_in_browser()
     leave_out_record "$@"
     (exec -a "$0" "$simulator" "${arguments_of_picture[@]}" --keys wait:0 --with-keys --picture "$place/window.png") \
         || return
-    if [ $browser_has_tools = yes ]; then
-        set -- --full-screen "$@"
-        start_display $display_with_tools || return
-    else
-        set -- --device-only "$@"
-        start_display "$(size_of "$place/window.png")" || return
-    fi
+    [ $browser_has_tools = yes ] || size=$(size_of "$place/window.png")
+    start_display "$size" || return
     start env -u WAYLAND_DISPLAY DISPLAY="$display" XAUTHORITY="$place/authority" QT_QPA_PLATFORM=xcb \
         "$simulator" "$@"
     shown=$!
