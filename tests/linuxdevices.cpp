@@ -193,7 +193,8 @@ extern "C" __attribute__((visibility("default"))) int open(const char *path, int
 {
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(arguments, mode_t) : 0;
+    const bool makesFile = flags & O_CREAT || (flags & O_TMPFILE) == O_TMPFILE;
+    const mode_t mode = makesFile ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
     const int descriptor = openat(AT_FDCWD, path, flags, mode);
     return descriptor >= 0 && deviceAt(path).compare(0, 3, "rtc") == 0 ? openedChip(descriptor) : descriptor;

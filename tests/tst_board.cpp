@@ -507,7 +507,8 @@ void TestBoardExample::systemdUnderstandsTheUnit()
     systemd.setProcessChannelMode(QProcess::MergedChannels);
     systemd.start("/usr/bin/systemd-analyze", {"verify", "--man=no", directory.path("board.service")});
     QVERIFY(systemd.waitForFinished(LongestWait));
-    QCOMPARE(QString(systemd.readAll()), QString());
+    // It reads those of this machine, too.
+    QCOMPARE(QString(systemd.readAll()).split('\n').filter("board.service"), QStringList());
     QCOMPARE(systemd.exitCode(), 0);
 }
 

@@ -1272,6 +1272,8 @@ void TestLinuxPlatform::chipThatStaysTakenIsReported()
     QVERIFY(child.ends());
     close(other);
     QCOMPARE(child.output(), QString("not set\n"));
+    QCOMPARE(board.requests(), QStringList() << "rtc taken" << "rtc taken" << "rtc taken" << "rtc taken" << "rtc taken"
+                                             << "rtc taken");
     QCOMPARE(board.log.texts(), QStringList("[clock] " + board.path("rtc") + ": Device or resource busy"));
 }
 
