@@ -313,6 +313,8 @@ private slots:
     void slotsMayDoAnything_data();
     void slotsMayDoAnything();
     void slotsOfTheModelMayDeleteTheList();
+    void fetchMayDeleteTheList_data();
+    void fetchMayDeleteTheList();
     void valueMaySortItsRowElsewhere();
     void valueMayFilterItsRowOut();
     void hiddenRowsStayHiddenWithTheirItems();
@@ -326,6 +328,7 @@ private slots:
     // Other models
     void stringListModelWorksAsItIs();
     void standardItemModelWorksAsItIs();
+    void hiddenRowThatItsModelForgetsIsShownAgain();
     void standardItemModelMayHaveChildren();
     void firstColumnMayComeAndGo();
     void columnsMayChangePlaces();
@@ -552,6 +555,53 @@ void TestWidgetListViewModels::slotsOfTheModelMayDeleteTheList()
         strikeAll(menu);
         QVERIFY(what == 2 || !menu || !menu->list);
     }
+}
+
+void TestWidgetListViewModels::fetchMayDeleteTheList_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::newRow("for rows in view soon") << 0 << 9;
+    QTest::newRow("for rows after the last") << 0 << 11;
+    QTest::newRow("at the last, which is in view") << 10 << 11;
+}
+
+void TestWidgetListViewModels::fetchMayDeleteTheList()
+{
+    QFETCH(int, from);
+    QFETCH(int, to);
+    // Whoever uses it when it is gone finds nothing there.
+    class ErasedList : public WidgetListView
+    {
+    public:
+        using WidgetListView::WidgetListView;
+        static void *operator new(size_t size) { return ::operator new(size); }
+        static void operator delete(void *memory)
+        {
+            memset(memory, 0, sizeof(ErasedList));
+            ::operator delete(memory);
+        }
+    };
+    class FailingModel : public RowsModel
+    {
+    public:
+        using RowsModel::RowsModel;
+        bool canFetchMore(const QModelIndex &) const override { return m_list; }
+        void fetchMore(const QModelIndex &) override { delete m_list; }
+        QPointer<WidgetListView> m_list;
+    } model(rowsWithValues(12));
+    ViewMenu menu(nullptr);
+    delete menu.list;
+    menu.list = new ErasedList(&menu.screen, SoundManager::getInstance());
+    menu.list->setGeometry(0, 0, 220, 176);
+    menu.list->setModel(&model);
+    menu.show();
+    menu.list->setFocusAtItem(11);
+    menu.list->setFocusAtItem(from);
+    model.m_list = menu.list;
+    menu.list->setFocusAtItem(to);
+    QVERIFY(!menu.list);
+    menu.picture();
 }
 
 void TestWidgetListViewModels::valueMaySortItsRowElsewhere()
@@ -866,6 +916,30 @@ void TestWidgetListViewModels::standardItemModelWorksAsItIs()
     model.clear();
     QCOMPARE(menu.list->selectedRow(), -1);
     QVERIFY(looksFresh(menu));
+}
+
+void TestWidgetListViewModels::hiddenRowThatItsModelForgetsIsShownAgain()
+{
+    class ForgettingModel : public RowsModel
+    {
+    public:
+        using RowsModel::RowsModel;
+        void replace(int row, const Row &by)
+        {
+            changePersistentIndex(index(row), QModelIndex());
+            change(row, by);
+        }
+    } model(RowsModel::titled(8));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->setFocusAtItem(6);
+    menu.list->hideItem(1);
+    menu.list->hideItem(2);
+    model.replace(1, RowsModel::titledRow("another"));
+    QCOMPARE(menu.list->findNextRow(0), 1);
+    QCOMPARE(menu.list->findNextRow(1), 3);
+    QCOMPARE(menu.list->selectedRow(), 6);
+    QVERIFY(looksFresh(menu, {2}));
 }
 
 void TestWidgetListViewModels::standardItemModelMayHaveChildren()

@@ -71,7 +71,6 @@ RowView::RowView(QWidget *list)
     setSelectionMode(NoSelection);
     setEditTriggers(NoEditTriggers);
     setAutoScroll(false);
-    setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBar(new ScrollBar(this));
     setItemDelegate(m_delegate);
@@ -288,6 +287,14 @@ void RowView::settle()
     }
     updateMarquee();
     viewport()->update();
+}
+
+void RowView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    // The toolkit would also have the model fetch rows here, in the middle of what it does, though that may end in the
+    // deletion of the list.
+    update(previous);
+    update(current);
 }
 
 void RowView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
