@@ -182,6 +182,7 @@ private slots:
     void arrowsAreCountedWhileTheRowIsHidden();
     void arrowsThatAreNotModifiableAreStillPlacedAndDressed();
     void arrowsThatAreNotWantedAreLeftAsTheyAre();
+    void arrowsThatAreNotWantedAreNotDressedForTheShow();
     void updateArrowsTakesTheFocusedLookAway();
 
     // Focus
@@ -208,6 +209,7 @@ private slots:
     void hiddenRowStopsScrolling_data();
     void hiddenRowStopsScrolling();
     void rowStopsWhenItsMarqueeIsSwitchedOff();
+    void rowIsStillPaintedUntilItStops();
     void rowStopsAtFocusOutWhenItsMarqueeWasSwitchedOff();
     void titleReplacedWhileItScrollsTakesItsPlace();
     void titleReplacedByAShortOneStopsScrolling();
@@ -1229,6 +1231,19 @@ void TestWidgetListItem::arrowsThatAreNotWantedAreLeftAsTheyAre()
     QVERIFY(parts.nextArrow->isHidden());
 }
 
+void TestWidgetListItem::arrowsThatAreNotWantedAreNotDressedForTheShow()
+{
+    WidgetListItem row(nullptr, sound());
+    addTitle(row, QStringLiteral("text"));
+    const RowParts parts(row);
+    QVERIFY(parts.prevArrow->isHidden());
+    QVERIFY(parts.nextArrow->isHidden());
+    row.show();
+    QVERIFY(parts.title->testAttribute(Qt::WA_WState_Polished));
+    QVERIFY(!parts.prevArrow->testAttribute(Qt::WA_WState_Polished));
+    QVERIFY(!parts.nextArrow->testAttribute(Qt::WA_WState_Polished));
+}
+
 void TestWidgetListItem::updateArrowsTakesTheFocusedLookAway()
 {
     WidgetListItem row(nullptr, sound());
@@ -1591,6 +1606,19 @@ void TestWidgetListItem::rowStopsWhenItsMarqueeIsSwitchedOff()
     QCOMPARE(row.parts.title->text(), row.cut);
     focusIn(&row);
     QCOMPARE(timersOf(row.parts.title).size(), 0);
+}
+
+void TestWidgetListItem::rowIsStillPaintedUntilItStops()
+{
+    ScrollingRow row;
+    row.show();
+    focusIn(&row);
+    tick(row.parts);
+    const QImage scrolled = row.grab().toImage();
+    row.m_marquee = false;
+    QCOMPARE(row.grab().toImage(), scrolled);
+    tick(row.parts);
+    QVERIFY(row.grab().toImage() != scrolled);
 }
 
 void TestWidgetListItem::rowStopsAtFocusOutWhenItsMarqueeWasSwitchedOff()

@@ -51,6 +51,7 @@ private slots:
     void removeAllValueKeepsPagesKindAndIndex();
     void removeAllValueOfAWidgetRowKeepsItsPages();
     void removeAllValueDoesNotTouchTheLabel();
+    void valueOfARowOfTwoLinesIsHiddenNotForgottenWithoutTexts();
 
     void replaceValueIsSeenAtTheNextUpdate_data();
     void replaceValueIsSeenAtTheNextUpdate();
@@ -591,6 +592,22 @@ void TestWidgetListItemValues::removeAllValueDoesNotTouchTheLabel()
     QCOMPARE(row.getDisplayValue(), QStringLiteral("A"));
     row.updateValue();
     QCOMPARE(row.getDisplayValue(), QString());
+}
+
+void TestWidgetListItemValues::valueOfARowOfTwoLinesIsHiddenNotForgottenWithoutTexts()
+{
+    for (bool onRightSide : {false, true}) {
+        WidgetListItem row(nullptr, sound());
+        row.setValueOnRightSide(onRightSide);
+        giveValues(row, QStringLiteral("text"));
+        row.refresh();
+        row.backup();
+        row.removeAllValue();
+        row.refresh();
+        QVERIFY(RowParts(row).value->isHidden());
+        QCOMPARE(row.getDisplayValue(), onRightSide ? QString() : QStringLiteral("A"));
+        QCOMPARE(row.isModified(), onRightSide);
+    }
 }
 
 void TestWidgetListItemValues::replaceValueIsSeenAtTheNextUpdate_data()
