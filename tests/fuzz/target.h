@@ -93,6 +93,9 @@ protected:
     /// Has \a object's signals meddled with.
     void hear(QObject *object) { m_meddler->hear(object); }
 
+    /// Does what the input says that a slot is to do next, if anything: for code of an application that is no slot.
+    void meddle();
+
     /// Sends \a key, pressed, repeated and released, to the widget that has the focus, or to this one.
     void strike(int key, int repeats = 0);
     void sendKey(QEvent::Type type, int key, bool repeated = false);
@@ -114,7 +117,6 @@ private:
     void ensureWidget();
     void step();
     void doCommonStep(int step);
-    void meddle();
     void deleteWidget();
     void deleteWidgetLater();
     void deleteScreen();

@@ -50,39 +50,41 @@ VirtualTime::VirtualTime() : m_now(0)
 
 void VirtualTime::takeTimers()
 {
-    std::list<Timer> running;
+    std::map<int, Timer> running;
     foreach (QObject *object, allObjects()) {
         const TimerInfos infos = QAbstractEventDispatcher::instance()->registeredTimers(object);
         for (int i = 0; i < infos.size(); ++i) {
             const int id = idOf(infos.at(i));
             const int interval = intervalOf(infos.at(i));
-            const auto known = std::find_if(m_timers.begin(), m_timers.end(), [=](const Timer &timer) {
-                return timer.object == object && timer.id == id;
-            });
-            if (known != m_timers.end())
-                running.push_back(*known);
+            const auto known = m_timers.find(id);
+            if (known != m_timers.end() && known->second.object == object)
+                running.insert(*known);
             else
-                running.push_back({object, id, interval, m_now + interval});
+                running.insert({id, {object, interval, m_now + interval}});
         }
     }
-    // In the order of their starts, in which timers of the same moment run out.
-    running.sort([](const Timer &a, const Timer &b) { return a.due < b.due || (a.due == b.due && a.id < b.id); });
-    m_timers = running;
+    m_timers.swap(running);
 }
 
 void VirtualTime::pass(int ms)
 {
     const qint64 end = m_now + ms;
     sendEvents();
-    takeTimers();
-    while (!m_timers.empty() && m_timers.front().due <= end) {
-        Timer &next = m_timers.front();
-        m_now = next.due;
-        next.due += std::max(1, next.interval);
-        QTimerEvent event(next.id);
-        QCoreApplication::sendEvent(next.object, &event);
-        sendEvents();
+    for (;;) {
         takeTimers();
+        // Of those that run out at the same moment the first that was started.
+        const auto next = std::min_element(m_timers.begin(), m_timers.end(),
+                                           [](const std::pair<const int, Timer> &a, const std::pair<const int, Timer> &b) {
+                                               return a.second.due < b.second.due;
+                                           });
+        if (next == m_timers.end() || next->second.due > end)
+            break;
+        Timer &timer = next->second;
+        m_now = timer.due;
+        timer.due += std::max(1, timer.interval);
+        QTimerEvent event(next->first);
+        QCoreApplication::sendEvent(timer.object, &event);
+        sendEvents();
     }
     m_now = end;
 }

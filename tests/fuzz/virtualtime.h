@@ -4,7 +4,7 @@
 #include <QObject>
 #include <QPointer>
 
-#include <list>
+#include <map>
 
 /// The time of a run, which passes only when it is told to: the same input has the same timers run out in the same order
 /// on every machine.
@@ -26,7 +26,6 @@ private:
     struct Timer
     {
         QPointer<QObject> object;
-        int id;
         int interval;
         qint64 due;
     };
@@ -35,7 +34,7 @@ private:
     static void sendEvents();
 
     qint64 m_now;
-    std::list<Timer> m_timers;
+    std::map<int, Timer> m_timers;  // by their ids
 };
 
 #endif

@@ -8,6 +8,39 @@
 
 namespace {
 
+/// A model that is asked for something may do what a slot may do, and one that refuses gets no more rows.
+template <typename Model>
+class Meddling : public Model
+{
+public:
+    template <typename... Arguments>
+    explicit Meddling(std::function<void()> meddle, Arguments... arguments) : Model(arguments...), m_meddle(meddle) { }
+
+    virtual bool setData(const QModelIndex &index, const QVariant &value, int role)
+    {
+        const bool set = Model::setData(index, value, role);
+        meddle();
+        return set;
+    }
+
+    virtual void fetchMore(const QModelIndex &parent)
+    {
+        if (!this->m_refuses)
+            Model::fetchMore(parent);
+        meddle();
+    }
+
+private:
+    void meddle()
+    {
+        // It may delete the model.
+        const std::function<void()> meddle = m_meddle;
+        meddle();
+    }
+
+    std::function<void()> m_meddle;
+};
+
 class WidgetListViewTarget : public SetterTarget<WidgetListView>
 {
 public:
@@ -165,7 +198,7 @@ protected:
             const int rows = bytes().below(120), portion = bytes().below(20) + 1;
             QAbstractItemModel *old = m_model;
             say("setModel, fetching");
-            setModel(new LazyModel(rows, portion), list);
+            setModel(new Meddling<LazyModel>([this] { meddle(); }, rows, portion), list);
             delete old;
             m_fetches = true;
             return;
@@ -252,7 +285,7 @@ private:
         QList<Row> rows;
         for (int i = bytes().below(24); i > 0; --i)
             rows << takeRow();
-        return new RowsModel(rows);
+        return new Meddling<RowsModel>([this] { meddle(); }, rows);
     }
 
     Row takeRow()
