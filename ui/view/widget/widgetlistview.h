@@ -69,7 +69,7 @@ struct ModelRow;
 /// the row. The row in focus is drawn darker, and scrolls, only while the list has the focus. The list is made for 220 by
 /// 176 pixels: the title bar takes the upper 38, the rows the lower 138.
 ///
-/// A slot may delete the list.
+/// A slot may delete the list, and so may the model while it sets a value or fetches rows.
 class WIDGET_EXPORT WidgetListView : public Widget
 {
     Q_OBJECT
