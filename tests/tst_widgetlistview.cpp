@@ -177,6 +177,7 @@ private slots:
     void rowHiddenWithTheFocusKeepsIt();
     void rowHiddenWithTheFocusGivesItToTheNearestWhenTheModelChanges();
     void allRowsHiddenStay();
+    void allRowsHiddenBeforeTheShowAreNotSelectedByKeys();
     void allRowsHiddenReachTheEnds();
     void hiddenRowsAreForgottenWithTheModel();
 
@@ -684,6 +685,20 @@ void TestWidgetListView::allRowsHiddenStay()
     for (int row = 0; row < 4; ++row)
         menu.list->showItem(row);
     QCOMPARE(menu.type(Qt::Key_8), 2);
+}
+
+void TestWidgetListView::allRowsHiddenBeforeTheShowAreNotSelectedByKeys()
+{
+    RowsModel model(RowsModel::titled(2));
+    ViewMenu menu(&model);
+    menu.list->hideItem(0);
+    menu.list->hideItem(1);
+    for (int key : allKeys()) {
+        menu.type(key);
+        QCOMPARE(menu.list->selectedRow(), -1);
+    }
+    menu.list->showItem(1);
+    QCOMPARE(menu.type(Qt::Key_8), 1);
 }
 
 void TestWidgetListView::allRowsHiddenReachTheEnds()
