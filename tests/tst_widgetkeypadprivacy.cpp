@@ -286,6 +286,7 @@ private slots:
     void seenTextIsReadOut();
     void onlyTheLineIsReadOutAsStars();
     void whoReadsOutMayType();
+    void keypadsFilledByOneAnotherAreReadOutAsStars();
 
     void searchFindsWhatIsTyped_data();
     void searchFindsWhatIsTyped();
@@ -397,6 +398,23 @@ void TestWidgetKeypadPrivacy::whoReadsOutMayType()
     QCOMPARE(s_readOut, QStringList({">*", ">*", "*>**"}));
     QCOMPARE(line(keypad)->text(), QString("a1"));
     QCOMPARE(line(other)->text(), QString("d"));
+}
+
+void TestWidgetKeypadPrivacy::keypadsFilledByOneAnotherAreReadOutAsStars()
+{
+    FilledKeypad keypad;
+    FilledKeypad other;
+    for (FilledKeypad *each : {&keypad, &other}) {
+        each->hideText(true);
+        each->setInitialLineText(QString(), true, true, false);
+        each->show();
+    }
+    connect(line(keypad), &QLineEdit::textChanged, &other,
+            [&other] { other.setInitialLineText("secret", true, true, false); });
+    const Reader reader;
+    release(keypad, Qt::Key_2);
+    s_readOut.sort();
+    QCOMPARE(s_readOut, QStringList({">*", ">******"}));
 }
 
 void TestWidgetKeypadPrivacy::searchFindsWhatIsTyped_data()

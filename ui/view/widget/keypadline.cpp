@@ -49,13 +49,16 @@ StarsForText::~StarsForText()
 
 void StarsForText::tell(QAccessibleEvent *event)
 {
+    // Handed on to where it would go without this one, which may be the one around it.
     StarsForText *stars = s_current;
+    s_current = stars->m_outer;
     QAccessible::installUpdateHandler(stars->m_handler);
     if (event->object() == stars->m_line)
         stars->tellStars(event);
     else
         QAccessible::updateAccessibility(event);
     QAccessible::installUpdateHandler(tell);
+    s_current = stars;
 }
 
 QString starsFor(const QString &text)
