@@ -117,6 +117,7 @@ private slots:
     void itemsReplaceThoseOfBefore();
     void removedItemsAreDeletedLater();
     void removeAllItemsKeepsTheSelectedRow();
+    void removeAllItemsLeavesWhatWasThereBeforeANewRowCount();
     void itemsAddedAgainSurvive_data();
     void itemsAddedAgainSurvive();
     void itemAddedAgainIsDeletedWithTheNextRemoval();
@@ -197,6 +198,7 @@ private slots:
     void countStartsAnewAfterALongPress();
     void countStartsAnewWithAShow();
     void upAndDownCountApart();
+    void keysThatAreHeldBeforeTheFirstShowCount();
     void repeatedReleasesActEachTime();
     void flagIsClearedByTheNextPressOrShow();
     void emptyListReportsLongPresses();
@@ -650,6 +652,20 @@ void TestWidgetList::removeAllItemsKeepsTheSelectedRow()
     addRows(*menu.list, 3);
     releaseKey(menu.list, Qt::Key_8);
     QCOMPARE(focusedRow(*menu.list), 2);
+}
+
+void TestWidgetList::removeAllItemsLeavesWhatWasThereBeforeANewRowCount()
+{
+    WidgetList list(3, nullptr, sound());
+    addRows(list, 3);
+    list.setRowCount(3);
+    addRows(list, 1);
+    WidgetListItem *second = itemOf(list, 1);
+    WidgetListItem *third = itemOf(list, 2);
+    list.removeAllItems();
+    QVERIFY(!itemOf(list, 0));
+    QVERIFY(second && itemOf(list, 1) == second);
+    QVERIFY(third && itemOf(list, 2) == third);
 }
 
 void TestWidgetList::itemsAddedAgainSurvive_data()
@@ -1746,6 +1762,21 @@ void TestWidgetList::upAndDownCountApart()
     RecordingPlatform::reset();
     releaseKey(&list, Qt::Key_8);
     QCOMPARE(RecordingPlatform::events(), QStringList(s_click));
+}
+
+void TestWidgetList::keysThatAreHeldBeforeTheFirstShowCount()
+{
+    WidgetList list(3, nullptr, sound());
+    addRows(list, 3);
+    QSignalSpy up(&list, &WidgetList::upKeyLongPressed);
+    QSignalSpy down(&list, &WidgetList::downKeyLongPressed);
+    repeatKey(&list, Qt::Key_2, 10);
+    repeatKey(&list, Qt::Key_8, 10);
+    QCOMPARE(up.count() + down.count(), 0);
+    repeatKey(&list, Qt::Key_2);
+    repeatKey(&list, Qt::Key_8);
+    QCOMPARE(up.count(), 1);
+    QCOMPARE(down.count(), 1);
 }
 
 void TestWidgetList::repeatedReleasesActEachTime()

@@ -98,6 +98,7 @@ private slots:
     void rowHiddenInAHiddenListLosesTheFocus();
     void hiddenTableHandsTheKeysToTheList();
     void tableThatComesBackGivesTheFocusToItsRow();
+    void tableThatComesBackHighlightsARowThatWasHidden();
     void listWhoseFirstRowIsHiddenTakesTheKeys();
     void emptyRowLeavesTheKeysToTheList();
     void rowHiddenInAnInactiveWindowDoesNotGetTheFocusWithIt();
@@ -407,6 +408,20 @@ void TestWidgetListRows::tableThatComesBackGivesTheFocusToItsRow()
     edit.setFocus();
     menu.table()->show();
     QCOMPARE(QApplication::focusWidget(), &edit);
+}
+
+void TestWidgetListRows::tableThatComesBackHighlightsARowThatWasHidden()
+{
+    Menu menu(4, 3);
+    menu.show();
+    menu.list->setFocusAtItem(1);
+    menu.list->hideItem(1);
+    menu.list->showItem(1);
+    QCOMPARE(rowsThatLookFocused(*menu.list), QList<int>());
+    menu.table()->hide();
+    menu.table()->show();
+    QCOMPARE(focusedRow(*menu.list), 1);
+    QCOMPARE(rowsThatLookFocused(*menu.list), QList<int>{1});
 }
 
 void TestWidgetListRows::listWhoseFirstRowIsHiddenTakesTheKeys()

@@ -348,6 +348,7 @@ private slots:
 
     // Costs
     void asksForRowsInViewOnly();
+    void asksNothingOfAModelThatChangesWhileItIsHidden();
     void manyRowsCostNoMemory();
     void changeOfOneRowAsksForThatRowOnly();
     void formerModelIsNotListenedTo();
@@ -1309,6 +1310,40 @@ void TestWidgetListViewModels::fetchIsNotAskedForInTheMiddleOfAFetch()
     // And there is a next time.
     menu.list->setFocusAtItem(fetched - 2);
     QVERIFY(model.rowCount() > fetched);
+}
+
+void TestWidgetListViewModels::asksNothingOfAModelThatChangesWhileItIsHidden()
+{
+    class CountingModel : public LateModel
+    {
+    public:
+        int rowCount(const QModelIndex &parent) const override
+        {
+            ++m_questions;
+            return RowsModel::rowCount(parent);
+        }
+
+        bool canFetchMore(const QModelIndex &parent) const override
+        {
+            ++m_questions;
+            return LateModel::canFetchMore(parent);
+        }
+
+        mutable int m_questions = 0;
+    } model;
+    model.deliver(20);
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->hide();
+    runEventLoop();
+    model.m_asked = 0;
+    model.m_questions = 0;
+    const QModelIndex changed = model.index(3);
+    model.m_questions = 0;
+    emit model.dataChanged(changed, changed);
+    runEventLoop();
+    QCOMPARE(model.m_asked, 0);
+    QCOMPARE(model.m_questions, 0);
 }
 
 void TestWidgetListViewModels::asksForRowsInViewOnly()

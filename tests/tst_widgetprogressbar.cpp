@@ -37,6 +37,7 @@ private slots:
     void capacityOfZeroTakesAnyValue();
     void capacityOfZeroIsPaintedInAnyWidth_data();
     void capacityOfZeroIsPaintedInAnyWidth();
+    void capacityOfZeroIsPaintedAsByTheToolkitWhereItCan();
     void smallestIntegerDividedByMinusOneIsNoCrash();
     void barGetsTheQuotientThenTheAmount();
     void logsAndEmitsInOrder();
@@ -299,6 +300,25 @@ void TestWidgetProgressBar::capacityOfZeroIsPaintedInAnyWidth()
     widget.setItemStyle(WidgetProgressBar::ItemBar, QString());
     widget.setItemGeometry(WidgetProgressBar::ItemBar, 6, 23, 1, 17);
     QCOMPARE(widget.grab().toImage().pixelColor(6, 30), QColor("#9F9898"));
+}
+
+void TestWidgetProgressBar::capacityOfZeroIsPaintedAsByTheToolkitWhereItCan()
+{
+    for (int width = 2; width < 12; ++width) {
+        // Each one once: from its second picture on it moves.
+        QWidget window;
+        window.setStyleSheet(s_sheet);
+        QProgressBar toolkits(&window);
+        toolkits.setGeometry(0, 0, width, 17);
+        toolkits.setRange(0, 0);
+        WidgetProgressBar widget(&window);
+        widget.setItemUseMaxValue(0, 0);
+        widget.setItemGeometry(WidgetProgressBar::ItemBar, 6, 23, width, 17);
+        toolkits.setFormat(bar(widget)->format());
+        toolkits.setFont(bar(widget)->font());
+        toolkits.setAlignment(bar(widget)->alignment());
+        QCOMPARE(bar(widget)->grab().toImage(), toolkits.grab().toImage());
+    }
 }
 
 void TestWidgetProgressBar::smallestIntegerDividedByMinusOneIsNoCrash()

@@ -38,6 +38,7 @@ private slots:
     void fontOfAnythingButTheTitleIsInvalid_data();
     void fontOfAnythingButTheTitleIsInvalid();
 
+    void titleIsPlainText();
     void titleIsCutWhereItDoesNotFit_data();
     void titleIsCutWhereItDoesNotFit();
     void titleIsMeasuredInTheFontInForce();
@@ -261,6 +262,14 @@ void TestWidgetSimpleTitle::fontOfAnythingButTheTitleIsInvalid()
     QCOMPARE(titleLabel(bar)->styleSheet(), QString());
     QCOMPARE(titleLabel(bar)->font().pointSize(), 13);
     QCOMPARE(titleLabel(bar)->alignment(), Qt::AlignCenter);
+}
+
+void TestWidgetSimpleTitle::titleIsPlainText()
+{
+    WidgetSimpleTitle bar(nullptr, nullptr);
+    bar.setTitle("<b>&amp;</b>");
+    QCOMPARE(titleLabel(bar)->text(), QString("<b>&amp;</b>"));
+    QCOMPARE(titleLabel(bar)->textFormat(), Qt::PlainText);
 }
 
 void TestWidgetSimpleTitle::titleIsCutWhereItDoesNotFit_data()

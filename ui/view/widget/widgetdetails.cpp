@@ -39,8 +39,8 @@ namespace {
 
 const int WidthUnknown = -1;
 
-// What \a text takes at most, in pixels, without shaping it, which is what makes measuring dear; QWIDGETSIZE_MAX where
-// that is not to be had or more than \a limit. Only in ASCII do the characters of any font stand side by side as they
+// What \a text takes at most, in pixels, without shaping it, which is what makes measuring dear; something above \a limit
+// where that is not to be had or more. Only in ASCII do the characters of any font stand side by side as they
 // are, but for rounding and kerning.
 int widthAtMost(const QString &text, const QFont &font, int limit)
 {
@@ -55,7 +55,7 @@ int widthAtMost(const QString &text, const QFont &font, int limit)
         const int characterWidth = textWidth(metrics, character);
         width += characterWidth + characterWidth / 4 + 1;
     }
-    return width <= limit ? width : QWIDGETSIZE_MAX;
+    return width;
 }
 
 }

@@ -494,11 +494,6 @@ bool WidgetListItem::event(QEvent *event)
         if (stopMarquee())
             updateTitle();
         break;
-    case QEvent::Paint:
-        // Into a picture of a row that nobody has seen yet: the toolkit dresses what it shows, not what it only paints.
-        if (!isVisible())
-            dressParts();
-        break;
     default:
         break;
     }
@@ -513,15 +508,6 @@ bool WidgetListItem::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     return Widget::eventFilter(watched, event);
-}
-
-void WidgetListItem::dressParts()
-{
-    for (int i = 0; i < children().size(); ++i) {
-        QWidget *child = qobject_cast<QWidget *>(children().at(i));
-        if (child && !child->isHidden())
-            child->ensurePolished();
-    }
 }
 
 void WidgetListItem::dressFocused()

@@ -217,7 +217,6 @@ private:
     void layOutTitle();
     bool placeArrow(QLabel *arrow, bool wanted, const QString &sheet, const QRect &rect);
 
-    void dressParts();
     void dressFocused();
     void dressUnfocused();
     void dress(bool focused);
