@@ -72,6 +72,7 @@ private slots:
     void freshPressAfterAClearDeletesAgain();
     void showAfterAClearLetsTheReleaseDeleteAgain();
     void repeatsOfSeveralShortPressesAddUpToAClear();
+    void otherKeysThatAreHeldDoNothing();
     void showAndClearStartTheCountOfRepeatsAnew();
     void clearPutsTheLitKeyToRest();
     void clearInsideACycleLetsTheSameKeyGoOn();
@@ -104,6 +105,7 @@ private slots:
     void pressedKeyIsLit();
     void onlyOneKeyIsLit();
     void keyOfOneCharacterIsLitForAMoment();
+    void keyOfTwoCharactersStaysLit();
     void earlierFlashPutsLaterKeyToRest();
     void functionKeysFlashTheirCells_data();
     void functionKeysFlashTheirCells();
@@ -665,6 +667,27 @@ void TestWidgetKeypadInput::repeatsOfSeveralShortPressesAddUpToAClear()
     QCOMPARE(line(keypad)->text(), QString());
 }
 
+void TestWidgetKeypadInput::otherKeysThatAreHeldDoNothing()
+{
+    ShownKeypad keypad("Home");
+    for (int key : {int(Qt::Key_2), int(Qt::Key_F1), int(Qt::Key_F3), int(Qt::Key_Menu), int(Qt::Key_Escape)}) {
+        press(keypad, key);
+        for (int i = 0; i < 10; ++i)
+            press(keypad, key, true);
+    }
+    QCOMPARE(events(), QStringList());
+    QCOMPARE(line(keypad)->text(), QString("Home"));
+
+    // Nor do they count for the delete key, or let it delete again after it has cleared.
+    hold(keypad, 5);
+    QCOMPARE(line(keypad)->text(), QString("Home"));
+    hold(keypad, 1);
+    type(keypad, "1");
+    press(keypad, Qt::Key_2);
+    release(keypad, Qt::Key_F4);
+    QCOMPARE(line(keypad)->text(), QString("1"));
+}
+
 void TestWidgetKeypadInput::showAndClearStartTheCountOfRepeatsAnew()
 {
     ShownKeypad keypad("Home");
@@ -1014,6 +1037,18 @@ void TestWidgetKeypadInput::keyOfOneCharacterIsLitForAMoment()
     QVERIFY(schedule.run());
     QCOMPARE(lit, QStringList() << "0,0");
     QCOMPARE(litLater, QStringList());
+}
+
+void TestWidgetKeypadInput::keyOfTwoCharactersStaysLit()
+{
+    ShownKeypad keypad;
+    keypad.setKeyText(0, 0, 1, "xy");
+    Schedule schedule;
+    type(keypad, "2");
+    QStringList lit{"not seen"};
+    schedule.at(105, [&] { lit = litKeys(keypad); });
+    QVERIFY(schedule.run());
+    QCOMPARE(lit, QStringList() << "0,1");
 }
 
 void TestWidgetKeypadInput::earlierFlashPutsLaterKeyToRest()

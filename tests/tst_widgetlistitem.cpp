@@ -164,6 +164,8 @@ private slots:
     void defaultFontsFollowTheLayout();
     void weightsDoNotFollowTheFontOfTheApplication_data();
     void weightsDoNotFollowTheFontOfTheApplication();
+    void textsArePlain();
+    void defaultFontIsThatOfTheApplicationByThen();
     void textIsCutOnlyWhenItsRoundedWidthIsGreater_data();
     void textIsCutOnlyWhenItsRoundedWidthIsGreater();
     void longTitleIsCutAtTheRight();
@@ -182,7 +184,7 @@ private slots:
     void arrowsAreCountedWhileTheRowIsHidden();
     void arrowsThatAreNotModifiableAreStillPlacedAndDressed();
     void arrowsThatAreNotWantedAreLeftAsTheyAre();
-    void arrowsThatAreNotWantedAreNotDressedForTheShow();
+    void partsThatAreNotWantedAreNotDressedForTheShow();
     void updateArrowsTakesTheFocusedLookAway();
 
     // Focus
@@ -1016,6 +1018,38 @@ void TestWidgetListItem::fitsInEveryFont()
     }
 }
 
+void TestWidgetListItem::textsArePlain()
+{
+    WidgetListItem row(nullptr, sound());
+    const RowParts parts(row);
+    row.setTitle(QStringLiteral("<b>&amp;</b>"), true);
+    row.addValue(QStringLiteral("<i>x</i>"));
+    row.refresh();
+    QCOMPARE(parts.title->text(), QString("<b>&amp;</b>"));
+    QCOMPARE(parts.title->textFormat(), Qt::PlainText);
+    QCOMPARE(parts.value->text(), QString("<i>x</i>"));
+    QCOMPARE(parts.value->textFormat(), Qt::PlainText);
+}
+
+void TestWidgetListItem::defaultFontIsThatOfTheApplicationByThen()
+{
+    WidgetListItem row(nullptr, sound());
+    const RowParts parts(row);
+    const QString text = textWiderThan(300, parts.value->font());
+    row.setTitle(text, true);
+    row.addValue(text);
+    row.refresh();
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans Mono")));
+    row.setDefaultFont();
+    row.updateTitle();
+    row.updateValue();
+    for (const QLabel *part : QList<QLabel *>{parts.title, parts.value}) {
+        QCOMPARE(part->font().family(), QStringLiteral("DejaVu Sans Mono"));
+        QCOMPARE(part->text(), fitted(text, part->font(), part->width()));
+    }
+    QCOMPARE(parts.badge->font().family(), QStringLiteral("DejaVu Sans Mono"));
+}
+
 void TestWidgetListItem::cutsWhatIsOnePixelTooWide_data()
 {
     QTest::addColumn<QFont>("font");
@@ -1231,17 +1265,18 @@ void TestWidgetListItem::arrowsThatAreNotWantedAreLeftAsTheyAre()
     QVERIFY(parts.nextArrow->isHidden());
 }
 
-void TestWidgetListItem::arrowsThatAreNotWantedAreNotDressedForTheShow()
+void TestWidgetListItem::partsThatAreNotWantedAreNotDressedForTheShow()
 {
     WidgetListItem row(nullptr, sound());
     addTitle(row, QStringLiteral("text"));
     const RowParts parts(row);
-    QVERIFY(parts.prevArrow->isHidden());
-    QVERIFY(parts.nextArrow->isHidden());
+    const QList<QWidget *> unwanted{parts.prevArrow, parts.nextArrow, parts.badge, parts.valueStack};
+    for (const QWidget *part : unwanted)
+        QVERIFY(part->isHidden());
     row.show();
     QVERIFY(parts.title->testAttribute(Qt::WA_WState_Polished));
-    QVERIFY(!parts.prevArrow->testAttribute(Qt::WA_WState_Polished));
-    QVERIFY(!parts.nextArrow->testAttribute(Qt::WA_WState_Polished));
+    for (const QWidget *part : unwanted)
+        QVERIFY(!part->testAttribute(Qt::WA_WState_Polished));
 }
 
 void TestWidgetListItem::updateArrowsTakesTheFocusedLookAway()
@@ -1752,6 +1787,8 @@ const KeyCase s_keyCases[] = {
     {"range: left below from goes to to", "ttttt", "", 1, 3, 1, Left, 3, "cs", false},
     {"range: right above to goes to from", "ttttt", "", 1, 3, 3, Right, 1, "cs", false},
     {"range: left inside", "ttttt", "", 1, 3, 3, Left, 2, "cs", false},
+    {"range: left to its begin", "ttttt", "", 1, 3, 2, Left, 1, "cs", false},
+    {"range: right to its end", "ttttt", "", 1, 3, 2, Right, 3, "cs", false},
     {"range: right inside", "ttttt", "", 1, 3, 1, Right, 2, "cs", false},
     {"range: left from above the range is not tested above", "ttttt", "", 0, 1, 4, Left, 3, "cs", false},
     {"range: right from below the range is not tested below", "ttttt", "", 3, 4, 0, Right, 1, "cs", false},

@@ -238,18 +238,22 @@ class Tester:
     def __init__(self, build):
         self.build = build
         self.seconds = {}
+        self.processor_seconds = {}
         self.lock = threading.Lock()
         self.running = set()
         # By source and program, the functions that have caught changes, the last one first.
         self.catchers = collections.defaultdict(list)
 
-    def run(self, program, library, limit, functions=()):
+    def run(self, program, library, limit, processor_limit, functions=()):
         """Why the program fails with a library, and the function that does; twice None if it does not."""
+        def limit_resources():
+            resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
+            resource.setrlimit(resource.RLIMIT_CPU, (processor_limit, processor_limit))
+
         environment = dict(ENVIRONMENT, LD_LIBRARY_PATH=library)
         started = subprocess.Popen(
             [os.path.join(self.build, 'bin', program), '-nocrashhandler', *functions], cwd=library, env=environment,
-            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT)))
+            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, preexec_fn=limit_resources)
         self.running.add(started)
         hung = threading.Event()
         timer = threading.Timer(limit, lambda: (hung.set(), started.kill()))
@@ -261,29 +265,33 @@ class Tester:
                 started.kill()
                 break
         started.stdout.close()
-        status = started.wait()
+        _, status, usage = os.wait4(started.pid, 0)
+        started.returncode = status = os.waitstatus_to_exitcode(status)
         self.running.discard(started)
         timer.cancel()
         if failed:
             function, row = failed.groups()
             return '%s %s(%s)' % (program, function, row), function + (':' + row if row else '')
-        if hung.is_set():
+        if hung.is_set() or status in (-signal.SIGXCPU, -signal.SIGKILL):
             return '%s does not end' % program, None
         if status != 0:
             return '%s ends with status %d' % (program, status), None
+        self.processor_seconds.setdefault(program, usage.ru_utime + usage.ru_stime)
         return None, None
 
     def measure(self, program):
         """Also shows that the program passes."""
         with tempfile.TemporaryDirectory() as directory:
             start = time.monotonic()
-            reason, _ = self.run(program, directory, 600)
+            reason, _ = self.run(program, directory, 600, 600)
             self.seconds[program] = time.monotonic() - start
         if reason:
             fail('without any change, %s' % reason)
 
     def catch_by(self, program, source, library, functions):
-        reason, function = self.run(program, library, 10 * self.seconds[program] + 20, functions)
+        # One that waits takes longer the more others there are, one that turns in a circle need not go on for so long.
+        reason, function = self.run(program, library, 10 * self.seconds[program] + 20,
+                                    int(3 * self.processor_seconds[program]) + 5, functions)
         # A row that is called otherwise than it is printed cannot be asked for.
         if functions and not function:
             return None

@@ -122,7 +122,7 @@ int RowView::row() const
 
 void RowView::setRow(int row)
 {
-    if (row < 0 || row >= count())
+    if (row < 0)
         return;
     makeCurrent(row);
     fetchRowsNear();
@@ -282,8 +282,7 @@ void RowView::settle()
     if (m_row >= 0 && placeCount() > 0) {
         if (m_index.isValid())
             verticalScrollBar()->setValue(placeOf(m_index.row()) - rowsAbove);
-        const int row = m_index.isValid() ? m_index.row() : qMin(m_row, count() - 1);
-        makeCurrent(rowAwayFrom(row, 0));
+        makeCurrent(rowAwayFrom(m_index.isValid() ? m_index.row() : m_row, 0));
     }
     updateMarquee();
     viewport()->update();

@@ -33,7 +33,7 @@ public:
     /// The current row; -1: none.
     int row() const;
 
-    /// Makes \a row current and scrolls to it. A row that does not exist is ignored.
+    /// Makes \a row current and scrolls to it. -1 is ignored.
     void setRow(int row);
 
     /// Makes the first row current that is not hidden, or the first that comes where there is none yet.
@@ -57,8 +57,8 @@ public:
     /// The row \a number of those in view, from the top; -1 if there are not so many.
     int rowInView(int number) const;
 
-    /// The row that is \a rows away from \a row, which may be hidden itself, hidden ones not counted, or the last one in
-    /// this direction.
+    /// The row that is \a rows away from \a row, which may be hidden itself or below the last one, hidden ones not counted,
+    /// or the last one in this direction. \a row where all are hidden.
     int rowAwayFrom(int row, int rows) const;
 
     /// Has no row highlighted, every second one in another colour, and no title scroll.
