@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <functional>
+#include <memory>
 
 using namespace KeypadTesting;
 
@@ -43,6 +44,7 @@ private slots:
     void keyTextsShowFromTheNextSetPageOn();
     void keyTextsArePlain();
     void keypadWithoutKeyTextsIsEmpty();
+    void allPagesAreEnabledAtFirst();
     void everyShowStartsOnTheLowestEnabledPage_data();
     void everyShowStartsOnTheLowestEnabledPage();
     void setInitialPageDoesNotShowThePage();
@@ -81,6 +83,7 @@ private slots:
     void disabledPagesAreNotSearchedForTheInitialKey();
     void everyShowSearchesTheInitialKeyAgain();
     void emptyLineMatchesEveryEmptyKey();
+    void allPagesAreSearchedForTheInitialKey();
     void initialKeyIsComparedWithTheTextThatTheLineKept();
     void initialKeyOfOneCharacterGoesToRestAfterAMoment();
     void initialKeyOfSeveralCharactersStaysLit();
@@ -457,6 +460,25 @@ void TestWidgetKeypad::keypadWithoutKeyTextsIsEmpty()
     QCOMPARE(labels(keypad), QString(11, ' '));
     keypad.changePage(true);
     QCOMPARE(labels(keypad), QString(11, ' '));
+}
+
+void TestWidgetKeypad::allPagesAreEnabledAtFirst()
+{
+    // Whatever there was in its memory.
+    void *memory = ::operator new(sizeof(WidgetKeypad));
+    memset(memory, 0, sizeof(WidgetKeypad));
+    {
+        const std::unique_ptr<WidgetKeypad, void (*)(WidgetKeypad *)> keypad(
+            new (memory) WidgetKeypad(nullptr, nullptr), [](WidgetKeypad *gone) { gone->~WidgetKeypad(); });
+        for (int page = 0; page < 6; ++page)
+            keypad->setKeyText(page, 0, 0, QString::number(page));
+        keypad->show();
+        for (int page = 0; page < 6; ++page) {
+            QCOMPARE(keyLabel(*keypad, 0, 0)->text(), QString::number(page));
+            keypad->changePage(true);
+        }
+    }
+    ::operator delete(memory);
 }
 
 void TestWidgetKeypad::everyShowStartsOnTheLowestEnabledPage_data()
@@ -906,6 +928,18 @@ void TestWidgetKeypad::disabledPagesAreNotSearchedForTheInitialKey()
     keypad.show();
     QCOMPARE(RecordingPlatform::sounds(), QList<int>());
     QCOMPARE(litKeys(keypad), QStringList());
+}
+
+void TestWidgetKeypad::allPagesAreSearchedForTheInitialKey()
+{
+    for (int page = 0; page < 6; ++page) {
+        FilledKeypad keypad;
+        keypad.enablePage(page, true);
+        keypad.setKeyText(page, 0, 0, "zz");
+        keypad.setInitialLineText("zz", false, true, true);
+        keypad.show();
+        QCOMPARE(litKeys(keypad), QStringList() << "0,0");
+    }
 }
 
 void TestWidgetKeypad::everyShowSearchesTheInitialKeyAgain()

@@ -1,6 +1,7 @@
 #include "keypadtesting.h"
 #include "waiting.h"
 
+#include <QAbstractEventDispatcher>
 #include <QtTest>
 
 #include <functional>
@@ -109,6 +110,7 @@ private slots:
     void earlierFlashPutsLaterKeyToRest();
     void functionKeysFlashTheirCells_data();
     void functionKeysFlashTheirCells();
+    void flashesTakeATenthOfASecond();
     void f1ThenF2Within100msLeavesF1Selected();
 
     void passwordModeTellsNothing_data();
@@ -1091,6 +1093,25 @@ void TestWidgetKeypadInput::functionKeysFlashTheirCells()
     QVERIFY(schedule.run());
     QTEST(states, "selected");
     QCOMPARE(statesLater, QString("nnnn"));
+}
+
+void TestWidgetKeypadInput::flashesTakeATenthOfASecond()
+{
+    const auto shots = [] {
+        QList<int> intervals;
+        const QObjectList timers = QAbstractEventDispatcher::instance()->children();
+        for (QObject *timer : timers) {
+            for (const auto &info : QAbstractEventDispatcher::instance()->registeredTimers(timer))
+                intervals.append(info.interval);
+        }
+        return intervals;
+    };
+    ShownKeypad keypad;
+    const QList<int> before = shots();
+    type(keypad, "1");
+    QCOMPARE(shots(), before + QList<int>{100});
+    release(keypad, Qt::Key_F1);
+    QCOMPARE(shots(), before + QList<int>({100, 100}));
 }
 
 void TestWidgetKeypadInput::f1ThenF2Within100msLeavesF1Selected()

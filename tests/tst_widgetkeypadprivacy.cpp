@@ -354,6 +354,9 @@ void TestWidgetKeypadPrivacy::seenTextIsReadOut()
     keypad.show();
     release(keypad, Qt::Key_2);
     QCOMPARE(s_readOut, QStringList({">xyz", "xyz>xyza"}));
+    s_readOut.clear();
+    holdDeleteKey(keypad);
+    QCOMPARE(s_readOut, QStringList({"xyza>"}));
 }
 
 void TestWidgetKeypadPrivacy::onlyTheLineIsReadOutAsStars()

@@ -1,3 +1,4 @@
+#include "allocationcount.h"
 #include "eventrecording.h"
 #include "recordingplatform.h"
 #include "rowparts.h"
@@ -138,6 +139,8 @@ private slots:
     void badgeNeedsANumberAndAShortcut_data();
     void badgeNeedsANumberAndAShortcut();
     void badgeIsNotTouchedWithoutATitle();
+    void badgeStaysWhenTheTitleIsReplaced();
+    void titleStackIsNotTouchedWithoutATitle();
     void mixOfTextsAndWidgetsIsReportedAtEveryRefresh_data();
     void mixOfTextsAndWidgetsIsReportedAtEveryRefresh();
     void refreshDressesARowAsWithoutTheFocus();
@@ -210,6 +213,7 @@ private slots:
     void noForeignTimerIsKilled();
     void hiddenRowStopsScrolling_data();
     void hiddenRowStopsScrolling();
+    void rowThatIsHiddenWhileItScrollsShowsItsBegin();
     void rowStopsWhenItsMarqueeIsSwitchedOff();
     void rowIsStillPaintedUntilItStops();
     void rowStopsAtFocusOutWhenItsMarqueeWasSwitchedOff();
@@ -237,6 +241,7 @@ private slots:
     void aSlotMayDeleteTheRow_data();
     void aSlotMayDeleteTheRow();
     void aSlotSeesTheNewValue();
+    void deletedRowLeavesNoMemory();
 };
 
 void TestWidgetListItem::init()
@@ -561,6 +566,29 @@ void TestWidgetListItem::badgeIsNotTouchedWithoutATitle()
     row.setSerialNum(false, 0);
     row.refresh();
     QVERIFY(parts.badge->isHidden());
+}
+
+void TestWidgetListItem::badgeStaysWhenTheTitleIsReplaced()
+{
+    WidgetListItem row(nullptr, sound());
+    addTitle(row, QStringLiteral("text"));
+    row.setSerialNum(true, 4);
+    row.m_noShortcut = false;
+    row.refresh();
+    const RowParts parts(row);
+    QVERIFY(!parts.badge->isHidden());
+    row.setTitle(QStringLiteral("another"), true);
+    QVERIFY(!parts.badge->isHidden());
+}
+
+void TestWidgetListItem::titleStackIsNotTouchedWithoutATitle()
+{
+    WidgetListItem row(nullptr, sound());
+    row.addValue(QStringLiteral("A"));
+    const RowParts parts(row);
+    const QRect before = parts.titleStack->geometry();
+    row.refresh();
+    QCOMPARE(parts.titleStack->geometry(), before);
 }
 
 void TestWidgetListItem::mixOfTextsAndWidgetsIsReportedAtEveryRefresh_data()
@@ -1627,6 +1655,18 @@ void TestWidgetListItem::hiddenRowStopsScrolling()
     QCOMPARE(timersOf(row->parts.title).size(), 1);
 }
 
+void TestWidgetListItem::rowThatIsHiddenWhileItScrollsShowsItsBegin()
+{
+    ScrollingRow row;
+    row.show();
+    focusIn(&row);
+    tick(row.parts);
+    QVERIFY(row.parts.title->text() != row.cut);
+    row.hide();
+    QCOMPARE(timersOf(row.parts.title).size(), 0);
+    QCOMPARE(row.parts.title->text(), row.cut);
+}
+
 void TestWidgetListItem::rowStopsWhenItsMarqueeIsSwitchedOff()
 {
     ScrollingRow row;
@@ -1775,6 +1815,8 @@ const KeyCase s_keyCases[] = {
     {"display value that leads deeper: right enters and is handed on", "d", "d", noRange, noRange, 0, Right, 0, "se",
      true},
     {"display value of many texts: right", "tttd", "", noRange, noRange, 0, Right, 0, "", true},
+    {"display value beside widgets that leads deeper: right enters", "wwtd", "d", noRange, noRange, 0, Right, 0, "se",
+     true},
     {"display value of many texts that leads deeper: right enters", "tttd", "d", noRange, noRange, 0, Right, 0, "se",
      true},
 
@@ -1817,6 +1859,7 @@ const KeyCase s_keyCases[] = {
     {"range does not move a row that leads deeper to the left", "", "d", 0, 3, 0, Left, 0, "", true},
     {"range moves a display value that leads deeper", "d", "d", 0, 3, 0, Right, 1, "cs", false},
     {"range does not move a display value: left", "d", "d", 0, 3, 0, Left, 0, "", true},
+    {"range does not move a display value: right", "d", "", 0, 3, 0, Right, 0, "", true},
 
     {"index past the texts: left goes one back", "ttt", "", noRange, noRange, 7, Left, 6, "cs", false},
     {"index past the texts: right wraps", "ttt", "", noRange, noRange, 7, Right, 0, "cs", false},
@@ -2126,6 +2169,29 @@ void TestWidgetListItem::aSlotSeesTheNewValue()
     connect(&row, &WidgetListItem::doChange, this, [&row, &seen] { seen = row.getDisplayValue(); });
     releaseKey(&row, Qt::Key_6);
     QCOMPARE(seen, QStringLiteral("text 1"));
+}
+
+void TestWidgetListItem::deletedRowLeavesNoMemory()
+{
+#ifdef COUNTS_ALLOCATIONS
+    const auto useRow = [] {
+        ScrollingRow row;
+        addValues(row, QStringLiteral("tt"));
+        row.show();
+        focusIn(&row);
+        row.updateValue();
+    };
+    // What the toolkit keeps.
+    for (int i = 0; i < 20; ++i)
+        useRow();
+    const long before = blockCount();
+    for (int i = 0; i < 100; ++i)
+        useRow();
+    const long more = blockCount() - before;
+    QVERIFY2(more < 50, qPrintable(QString::number(more)));
+#else
+    QSKIP("A sanitizer counts the memory.");
+#endif
 }
 
 QTEST_MAIN(TestWidgetListItem)

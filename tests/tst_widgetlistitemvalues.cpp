@@ -76,6 +76,7 @@ private slots:
     void clearAfterRefreshForgetsTheCurrentValueOnly();
     void clearAfterRefreshOutsideTheListForgetsNothing();
     void clearAfterRefreshWaitsForAValue();
+    void clearAfterRefreshWaitsWhileThereAreWidgets();
 
     void setDisplayValueIndexShowsByKind_data();
     void setDisplayValueIndexShowsByKind();
@@ -897,6 +898,20 @@ void TestWidgetListItemValues::clearAfterRefreshWaitsForAValue()
     row.refresh();
     QCOMPARE(row.getDisplayValue(), QStringLiteral("Y"));
     row.refresh();
+    QCOMPARE(row.getDisplayValue(), QString());
+}
+
+void TestWidgetListItemValues::clearAfterRefreshWaitsWhileThereAreWidgets()
+{
+    WidgetListItem row(nullptr, sound());
+    row.setDisplayValue(0, QStringLiteral("X"), true);
+    row.addValue(new QWidget);
+    row.refresh();
+    row.addValue(QStringLiteral("Y"));
+    row.updateValue();
+    QCOMPARE(row.getDisplayValue(), QStringLiteral("X"));
+    row.refresh();
+    row.updateValue();
     QCOMPARE(row.getDisplayValue(), QString());
 }
 

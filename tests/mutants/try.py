@@ -78,9 +78,7 @@ PROGRAMS = {
 }
 
 ENVIRONMENT = dict(os.environ, QT_QPA_PLATFORM='offscreen', QT_FONT_DPI='96', LC_ALL='C.UTF-8',
-                   QTEST_DISABLE_CORE_DUMP='1', QTEST_DISABLE_STACK_DUMP='1',
-                   # Memory that is not used yet, or no longer, looks like nothing useful.
-                   MALLOC_PERTURB_='165')
+                   QTEST_DISABLE_CORE_DUMP='1', QTEST_DISABLE_STACK_DUMP='1')
 
 
 def fail(message):
