@@ -31,6 +31,7 @@ private slots:
     void textLineTakesTheWidthAndItsOwnHeight();
     void withoutALineHeightTheGridBeginsBelowTheBarsHeight();
     void barStaysWhereItIsBelowATallerLine();
+    void linesHeightEndsWhereTheToolkitCanStillAddIt();
     void linesHeightIsUsedFromTheNextShowOn();
     void absurdSizesAreHarmless_data();
     void absurdSizesAreHarmless();
@@ -337,6 +338,17 @@ void TestWidgetKeypad::barStaysWhereItIsBelowATallerLine()
     QCOMPARE(keyLabel(keypad, 0, 0)->y(), 83);
 }
 
+void TestWidgetKeypad::linesHeightEndsWhereTheToolkitCanStillAddIt()
+{
+    FilledKeypad keypad;
+    keypad.setLineTextHeight(INT_MAX);
+    keypad.setupUi();
+    QCOMPARE(keyLabel(keypad, 0, 0)->y(), QWIDGETSIZE_MAX + 23);
+    keypad.setLineTextHeight(INT_MIN);
+    keypad.setupUi();
+    QCOMPARE(keyLabel(keypad, 0, 0)->y(), -QWIDGETSIZE_MAX + 23);
+}
+
 void TestWidgetKeypad::linesHeightIsUsedFromTheNextShowOn()
 {
     FilledKeypad keypad;
@@ -525,6 +537,7 @@ void TestWidgetKeypad::pagesCountFromTheFirstBeforeTheShow()
     QCOMPARE(keyLabel(keypad, 0, 0)->text(), QString("1"));
     FilledKeypad another;
     fillWithPageNumbers(another, "012345");
+    another.hideText(true);
     another.changePage(false);
     QCOMPARE(keyLabel(another, 0, 0)->text(), QString("5"));
 }

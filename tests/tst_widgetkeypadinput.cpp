@@ -111,6 +111,7 @@ private slots:
     void functionKeysFlashTheirCells_data();
     void functionKeysFlashTheirCells();
     void flashesTakeATenthOfASecond();
+    void characterIsFinalAfterTwelveTenthsOfASecond();
     void f1ThenF2Within100msLeavesF1Selected();
 
     void passwordModeTellsNothing_data();
@@ -1112,6 +1113,26 @@ void TestWidgetKeypadInput::flashesTakeATenthOfASecond()
     QCOMPARE(shots(), before + QList<int>{100});
     release(keypad, Qt::Key_F1);
     QCOMPARE(shots(), before + QList<int>({100, 100}));
+}
+
+void TestWidgetKeypadInput::characterIsFinalAfterTwelveTenthsOfASecond()
+{
+    struct TimerWatch : QObject
+    {
+        bool eventFilter(QObject *watched, QEvent *event) override
+        {
+            if (event->type() == QEvent::Timer && qobject_cast<QTimer *>(watched))
+                intervals.append(static_cast<QTimer *>(watched)->interval());
+            return false;
+        }
+        QList<int> intervals;
+    } watch;
+    ShownKeypad keypad;
+    type(keypad, "2");
+    QSignalSpy letters(&keypad, &WidgetKeypad::inputLetter);
+    qApp->installEventFilter(&watch);
+    EVENTUALLY_COMPARE(letters.count(), 1);
+    QVERIFY(watch.intervals.contains(1200));
 }
 
 void TestWidgetKeypadInput::f1ThenF2Within100msLeavesF1Selected()

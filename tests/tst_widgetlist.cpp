@@ -6,6 +6,7 @@
 #include <QAbstractEventDispatcher>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QProxyStyle>
 #include <QtTest>
 
 #include <climits>
@@ -164,6 +165,7 @@ private slots:
     void hiddenRowsArePassedOver_data();
     void hiddenRowsArePassedOver();
     void hiddenRowsAreHiddenAndComeBack();
+    void firstRowThatWasNeverSeenIsAsItIsAtTheNextShow();
     void changedWhileHiddenIsSeenAtTheNextShow_data();
     void changedWhileHiddenIsSeenAtTheNextShow();
     void rowThatComesBackOutOfViewIsRefreshed();
@@ -218,6 +220,7 @@ private slots:
     void shortcutsOfKeptRowsLive();
     void shortcutsOfOtherRowsLiveWhenARowIsReplaced();
     void shortcutOfAHiddenRowStillActs();
+    void keysThatAreNoDigitsAreNoShortcuts_data();
     void keysThatAreNoDigitsAreNoShortcuts();
 
     // No-focus style
@@ -242,6 +245,7 @@ private slots:
     void rowsStandWhereAPlainTablePutsThem();
     void rowsOutOfViewAreNotInTheViewport();
     void rowOutOfViewIsNotDressed();
+    void styleAroundARowOutOfViewDoesNotConcernItsParts();
     void rowOutOfViewHasItsTextsAndPlaces();
     void rowOutOfViewIsLaidOutForItsRow();
     void rowOutOfViewForgetsAtTheShow();
@@ -1289,6 +1293,20 @@ void TestWidgetList::hidingARowThatDoesNotExistIsIgnored()
     QCOMPARE(RecordingPlatform::events().size(), 2);
 }
 
+void TestWidgetList::firstRowThatWasNeverSeenIsAsItIsAtTheNextShow()
+{
+    Menu menu(12);
+    menu.list->hideItem(0);
+    menu.show();
+    menu.list->setFocusAtItem(11);
+    menu.list->showItem(0);
+    menu.list->hide();
+    menu.list->setFocusAtItem(0);
+    menu.item(0)->setTitle(QStringLiteral("changed"), false);
+    menu.list->show();
+    QCOMPARE(RowParts(*menu.item(0)).title->text(), QString("changed"));
+}
+
 void TestWidgetList::changedWhileHiddenIsSeenAtTheNextShow_data()
 {
     QTest::addColumn<int>("shown");
@@ -2072,17 +2090,26 @@ void TestWidgetList::shortcutOfAHiddenRowStillActs()
     QCOMPARE(entered.count(), 1);
 }
 
+void TestWidgetList::keysThatAreNoDigitsAreNoShortcuts_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("asterisk") << int(Qt::Key_Asterisk);
+    QTest::newRow("before 0") << int(Qt::Key_Slash);
+    QTest::newRow("after 9") << int(Qt::Key_Colon);
+}
+
 void TestWidgetList::keysThatAreNoDigitsAreNoShortcuts()
 {
+    QFETCH(int, key);
     Menu menu(0);
     menu.list->setRowCount(1);
     WidgetListItem *item = newDeepRow(QStringLiteral("A"));
-    menu.list->addListItem(item, Qt::Key_Asterisk);
+    menu.list->addListItem(item, key);
     menu.show();
     QSignalSpy entered(item, &WidgetListItem::doEnter);
-    releaseKey(menu.list, Qt::Key_Asterisk);
+    releaseKey(menu.list, key);
     QCOMPARE(entered.count(), 0);
-    QCOMPARE(menu.screen.takeKeys(), QStringList("release *"));
+    QCOMPARE(menu.screen.takeKeys(), QStringList("release " + QKeySequence(key).toString()));
 }
 
 // --- No-focus style
@@ -2420,11 +2447,40 @@ void TestWidgetList::rowOutOfViewIsNotDressed()
     menu.list->backup();
     menu.list->isModified();
     menu.list->setFocusAtItem(2);
+    menu.list->hideItem(9);
+    menu.list->showItem(9);
     for (QWidget *widget : widgets)
         QVERIFY(!widget->testAttribute(Qt::WA_WState_Polished));
     menu.list->setFocusAtItem(9);
     QVERIFY(RowParts(*menu.item(9)).title->testAttribute(Qt::WA_WState_Polished));
     QVERIFY(menu.item(9)->isVisible());
+}
+
+void TestWidgetList::styleAroundARowOutOfViewDoesNotConcernItsParts()
+{
+    struct AskedStyle : QProxyStyle
+    {
+        QRect subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const override
+        {
+            asked.insert(widget);
+            return QProxyStyle::subElementRect(element, option, widget);
+        }
+        mutable QSet<const QWidget *> asked;
+    };
+    const QString before = qApp->style()->objectName();
+    AskedStyle *style = new AskedStyle;
+    QApplication::setStyle(style);
+    {
+        Menu menu(12);
+        menu.show();
+        style->asked.clear();
+        menu.list->setStyleSheet(QStringLiteral("color: red"));
+        QVERIFY(style->asked.contains(RowParts(*menu.item(0)).title));
+        const QList<QWidget *> widgets = menu.item(9)->findChildren<QWidget *>();
+        for (const QWidget *widget : widgets)
+            QVERIFY(!style->asked.contains(widget));
+    }
+    QApplication::setStyle(before);
 }
 
 void TestWidgetList::rowOutOfViewHasItsTextsAndPlaces()

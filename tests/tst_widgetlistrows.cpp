@@ -97,6 +97,7 @@ private slots:
     void hiddenListHandsTheFocusOn();
     void rowHiddenInAHiddenListLosesTheFocus();
     void hiddenTableHandsTheKeysToTheList();
+    void rowIsThereWhenOnePixelOfItIsSeen();
     void tableThatComesBackGivesTheFocusToItsRow();
     void tableThatComesBackHighlightsARowThatWasHidden();
     void listWhoseFirstRowIsHiddenTakesTheKeys();
@@ -388,6 +389,17 @@ void TestWidgetListRows::hiddenTableHandsTheKeysToTheList()
     QCOMPARE(changes.count(), 0);
     QCOMPARE(menu.type(Qt::Key_8), -1);
     QCOMPARE(QApplication::focusWidget(), menu.list.data());
+}
+
+void TestWidgetListRows::rowIsThereWhenOnePixelOfItIsSeen()
+{
+    Menu menu(4);
+    menu.list->setRowHeight(137);
+    menu.show();
+    menu.list->setFocusAtItem(3);
+    QCOMPARE(menu.item(3)->y(), 1);
+    QVERIFY(menu.item(2)->visibleRegion().contains(QPoint(0, 136)));
+    QCOMPARE(menu.item(2)->y(), -136);
 }
 
 void TestWidgetListRows::tableThatComesBackGivesTheFocusToItsRow()

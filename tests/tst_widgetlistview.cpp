@@ -198,6 +198,8 @@ private slots:
     void hideEndsTheScrolling();
 
     // Left and right
+    void switchesAreOffAtFirst();
+    void mirroredListTurnsLeftAndRightRound();
     void valueStepsInTheModel();
     void valueStepsFromAnIndexOutside_data();
     void valueStepsFromAnIndexOutside();
@@ -217,6 +219,8 @@ private slots:
     void lettersOnlyWithFunctionKeysAndTheSwitch_data();
     void lettersOnlyWithFunctionKeysAndTheSwitch();
     void lettersGoDownAroundTheEnd();
+    void letterOfTheRowInFocusAloneStaysThere();
+    void letterIsSearchedUpToTheFirstRowThatHasIt();
     void keyPressedAgainGoesToTheNextLetter();
     void otherKeysEndPressingAgain();
     void lettersWithoutTitlesArePassed();
@@ -965,6 +969,42 @@ void TestWidgetListView::hideEndsTheScrolling()
     QCOMPARE(menu.list->selectedRow(), 0);
 }
 
+void TestWidgetListView::switchesAreOffAtFirst()
+{
+    // Whatever there was in its memory.
+    void *memory = ::operator new(sizeof(WidgetListView));
+    memset(memory, 1, sizeof(WidgetListView));
+    WidgetListView *list = new (memory) WidgetListView(nullptr, nullptr);
+    const bool off = !list->m_stopAtEnds && !list->m_enterOnOK && !list->m_scrollOnHold && !list->m_jumpToLetter
+        && !list->m_mirrored && !list->m_useFunctionKeys;
+    list->~WidgetListView();
+    ::operator delete(memory);
+    QVERIFY(off);
+}
+
+void TestWidgetListView::mirroredListTurnsLeftAndRightRound()
+{
+    QList<Row> rows = RowsModel::titled(3);
+    rows[0].values = QStringList{"a", "b", "c"};
+    rows[1].moreDepth = true;
+    RowsModel model(rows);
+    ViewMenu menu(&model);
+    menu.list->m_mirrored = true;
+    menu.show();
+    menu.type(Qt::Key_4);
+    QCOMPARE(model.at(0).valueIndex, 1);
+    menu.type(Qt::Key_4);
+    QCOMPARE(model.at(0).valueIndex, 2);
+    menu.type(Qt::Key_6);
+    QCOMPARE(model.at(0).valueIndex, 1);
+    menu.list->setFocusAtItem(1);
+    takeNotes();
+    menu.type(Qt::Key_6);
+    QCOMPARE(takeNotes(), QStringList{"handed on: release 6"});
+    menu.type(Qt::Key_4);
+    QCOMPARE(takeNotes(), QStringList({s_click, "doEnter 1", "handed on: release 4"}));
+}
+
 void TestWidgetListView::valueStepsInTheModel()
 {
     QList<Row> rows = RowsModel::titled(3);
@@ -1273,6 +1313,26 @@ void TestWidgetListView::lettersGoDownAroundTheEnd()
     QCOMPARE(book.type("3"), QList<int>{4});
     book.type("9");
     QCOMPARE(book.type("3"), QList<int>{2});
+}
+
+void TestWidgetListView::letterOfTheRowInFocusAloneStaysThere()
+{
+    PhoneBook book({"Zoe", "Anna", "Tom"});
+    book.menu.list->setFocusAtItem(1);
+    takeNotes();
+    QCOMPARE(book.type("2"), QList<int>{1});
+    QCOMPARE(takeNotes(), QStringList{s_click});
+}
+
+void TestWidgetListView::letterIsSearchedUpToTheFirstRowThatHasIt()
+{
+    QStringList titles{"Zoe", "Tom", "Anna"};
+    for (int i = 0; i < 1000; ++i)
+        titles.append("Tom");
+    PhoneBook book(titles);
+    book.model.m_highestAsked = -1;
+    QCOMPARE(book.type("2"), QList<int>{2});
+    QVERIFY2(book.model.m_highestAsked < 20, qPrintable(QString::number(book.model.m_highestAsked)));
 }
 
 void TestWidgetListView::keyPressedAgainGoesToTheNextLetter()

@@ -263,8 +263,13 @@ class Tester:
                 started.kill()
                 break
         started.stdout.close()
-        _, status, usage = os.wait4(started.pid, 0)
-        started.returncode = status = os.waitstatus_to_exitcode(status)
+        usage = None
+        try:
+            _, status, usage = os.wait4(started.pid, 0)
+            started.returncode = status = os.waitstatus_to_exitcode(status)
+        except ChildProcessError:
+            # Killed, and waited for by that.
+            status = started.wait()
         self.running.discard(started)
         timer.cancel()
         if failed:
@@ -274,7 +279,8 @@ class Tester:
             return '%s does not end' % program, None
         if status != 0:
             return '%s ends with status %d' % (program, status), None
-        self.processor_seconds.setdefault(program, usage.ru_utime + usage.ru_stime)
+        if usage:
+            self.processor_seconds.setdefault(program, usage.ru_utime + usage.ru_stime)
         return None, None
 
     def measure(self, program):

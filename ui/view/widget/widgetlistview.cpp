@@ -287,7 +287,6 @@ bool WidgetListView::releaseOnRow(QKeyEvent *event)
     }
     if (isNextKey(key) && row.look.moreDepth) {
         const QPointer<WidgetListView> list(this);
-        event->ignore();
         click();
         emit doEnter(index.row());
         return !list;
@@ -358,8 +357,6 @@ void WidgetListView::releaseDigit(QKeyEvent *event)
         event->ignore();
         return;
     }
-    // The row in focus may have handed it on as the right key.
-    event->accept();
     const QPointer<WidgetListView> list(this);
     if (model()->index(row, 0).data(MoreDepthRole).toBool())
         emit doEnter(row);
