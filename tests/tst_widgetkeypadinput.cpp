@@ -74,6 +74,7 @@ private slots:
     void showAfterAClearLetsTheReleaseDeleteAgain();
     void repeatsOfSeveralShortPressesAddUpToAClear();
     void otherKeysThatAreHeldDoNothing();
+    void deleteKeyThatIsHeldBeforeTheFirstShowCounts();
     void showAndClearStartTheCountOfRepeatsAnew();
     void clearPutsTheLitKeyToRest();
     void clearInsideACycleLetsTheSameKeyGoOn();
@@ -668,6 +669,16 @@ void TestWidgetKeypadInput::repeatsOfSeveralShortPressesAddUpToAClear()
     QCOMPARE(line(keypad)->text(), QString("Ho"));
     hold(keypad, 1);
     QCOMPARE(line(keypad)->text(), QString());
+}
+
+void TestWidgetKeypadInput::deleteKeyThatIsHeldBeforeTheFirstShowCounts()
+{
+    FilledKeypad keypad;
+    RecordingPlatform::reset();
+    hold(keypad, 5);
+    QCOMPARE(events(), QStringList());
+    press(keypad, Qt::Key_F4, true);
+    QCOMPARE(events(), QStringList() << "sound:901" << "log:16:[keyPressEvent, 157] clear all!!");
 }
 
 void TestWidgetKeypadInput::otherKeysThatAreHeldDoNothing()

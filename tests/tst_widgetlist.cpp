@@ -169,6 +169,7 @@ private slots:
     void changedWhileHiddenIsSeenAtTheNextShow_data();
     void changedWhileHiddenIsSeenAtTheNextShow();
     void rowThatComesBackOutOfViewIsRefreshed();
+    void rowThatTheApplicationShowsAgainIsRefreshed();
     void hidingARowThatDoesNotExistIsIgnored_data();
     void hidingARowThatDoesNotExistIsIgnored();
     void searchEndsWhenAllRowsAreHidden();
@@ -1345,6 +1346,17 @@ void TestWidgetList::changedWhileHiddenIsSeenAtTheNextShow()
     const int rowHeight = height >= 0 ? height : 46;
     QCOMPARE(menu.item(2)->height(), rowHeight);
     QCOMPARE(RowParts(*menu.item(2)).prevArrow->y(), rowHeight / 2 - 5);
+}
+
+void TestWidgetList::rowThatTheApplicationShowsAgainIsRefreshed()
+{
+    Menu menu(12);
+    menu.show();
+    menu.list->setFocusAtItem(9);
+    menu.item(9)->hide();
+    menu.item(9)->setTitle(QStringLiteral("changed"), false);
+    menu.item(9)->show();
+    QCOMPARE(RowParts(*menu.item(9)).title->text(), QString("changed"));
 }
 
 void TestWidgetList::rowThatComesBackOutOfViewIsRefreshed()

@@ -214,6 +214,7 @@ private slots:
     void hiddenRowStopsScrolling_data();
     void hiddenRowStopsScrolling();
     void rowThatIsHiddenWhileItScrollsShowsItsBegin();
+    void rowThatScrollsStopsOnce();
     void rowStopsWhenItsMarqueeIsSwitchedOff();
     void rowIsStillPaintedUntilItStops();
     void rowStopsAtFocusOutWhenItsMarqueeWasSwitchedOff();
@@ -1667,6 +1668,22 @@ void TestWidgetListItem::rowThatIsHiddenWhileItScrollsShowsItsBegin()
     row.hide();
     QCOMPARE(timersOf(row.parts.title).size(), 0);
     QCOMPARE(row.parts.title->text(), row.cut);
+}
+
+void TestWidgetListItem::rowThatScrollsStopsOnce()
+{
+    static QStringList s_warnings;
+    s_warnings.clear();
+    ScrollingRow row;
+    row.show();
+    focusIn(&row);
+    const QtMessageHandler before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &message) { s_warnings.append(message); });
+    focusOut(&row);
+    focusOut(&row);
+    row.hide();
+    qInstallMessageHandler(before);
+    QCOMPARE(s_warnings, QStringList());
 }
 
 void TestWidgetListItem::rowStopsWhenItsMarqueeIsSwitchedOff()

@@ -113,6 +113,10 @@ private slots:
     void rowDeletedInAHiddenListGivesTheFocusToNobody();
     void deletedChildOfAnotherParentIsForgotten();
     void rowMovedToAnotherListIsForgottenByTheFirst();
+    void firstRowMovedToAnotherListIsForgottenByTheFirst();
+    void rowThatIsSomewhereElseByNowIsHiddenThereInPeace();
+    void rowThatTheSystemHidesKeepsTheFocus();
+    void removedRowMayOutliveItsList();
     void rowThatTheTableHasMovedIsForgottenByTheFirst();
     void rowTakenOutOfItsCellLeavesTheOthersWhenItIsDeleted();
     void rowThatIsToBeDeletedGoesFromItsListAsWell();
@@ -659,6 +663,62 @@ void TestWidgetListRows::rowThatTheTableHasMovedIsForgottenByTheFirst()
     menu.table()->setRowCount(0);
     runEventLoop();
     QVERIFY(item && item->isVisible());
+}
+
+void TestWidgetListRows::firstRowMovedToAnotherListIsForgottenByTheFirst()
+{
+    Menu menu(2);
+    menu.show();
+    Menu other(0);
+    other.list->setRowCount(1);
+    WidgetListItem *item = menu.item(0);
+    QVERIFY(item->hasFocus());
+    other.list->addListItem(item);
+    QCOMPARE(menu.table()->cellWidget(0, 0), nullptr);
+    QCOMPARE(other.item(0), item);
+    QVERIFY(menu.list->hasFocus());
+}
+
+void TestWidgetListRows::rowThatIsSomewhereElseByNowIsHiddenThereInPeace()
+{
+    Menu menu(2);
+    menu.show();
+    QWidget *elsewhere = new QWidget(&menu.screen);
+    elsewhere->show();
+    WidgetListItem *item = menu.item(1);
+    item->setParent(elsewhere);
+    QLineEdit *edit = new QLineEdit(item);
+    item->show();
+    edit->show();
+    edit->setFocus();
+    QVERIFY(edit->hasFocus());
+    item->hide();
+    QVERIFY(!menu.list->hasFocus());
+}
+
+void TestWidgetListRows::rowThatTheSystemHidesKeepsTheFocus()
+{
+    Menu menu(2);
+    menu.show();
+    menu.list->setFocusAtItem(1);
+    // As when the window is put away and brought back.
+    QHideEvent hide;
+    QSpontaneKeyEvent::setSpontaneous(&hide);
+    qApp->notify(menu.item(1), &hide);
+    QCOMPARE(focusedRow(*menu.list), 1);
+}
+
+void TestWidgetListRows::removedRowMayOutliveItsList()
+{
+    std::unique_ptr<Menu> menu(new Menu(2));
+    menu->show();
+    std::unique_ptr<WidgetListItem> item(menu->item(1));
+    menu->list->removeAllItems();
+    item->setParent(nullptr);
+    QCoreApplication::removePostedEvents(item.get(), QEvent::DeferredDelete);
+    menu.reset();
+    item->show();
+    item.reset();
 }
 
 void TestWidgetListRows::rowTakenOutOfItsCellLeavesTheOthersWhenItIsDeleted()

@@ -341,6 +341,7 @@ private slots:
     void modelsOfTheTestsKeepTheRules();
     void fetchesNearTheEndOnly();
     void fetchesForAnEmptyListAtItsShow();
+    void fetchesForSmallerRows();
     void fetchesWhatComesLater();
     void fetchesOnWhenTooFewComeLater();
     void fetchWithoutRowsIsNotAskedForAgainAndAgain();
@@ -1211,6 +1212,17 @@ void TestWidgetListViewModels::fetchesForAnEmptyListAtItsShow()
             menu.list->hideItem(row);
         QCOMPARE(menu.type(Qt::Key_8), 20);
     }
+}
+
+void TestWidgetListViewModels::fetchesForSmallerRows()
+{
+    LazyModel model(1000, 1);
+    ViewMenu menu(&model);
+    menu.show();
+    const int before = model.rowCount();
+    menu.list->setRowHeight(23);
+    QVERIFY(model.rowCount() >= 2 * before - 2);
+    QVERIFY(looksFresh(menu));
 }
 
 void TestWidgetListViewModels::fetchesWhatComesLater()

@@ -399,8 +399,10 @@ void TestWidgetSwitcher::itemZeroIsPlacedAsTheSwitcherIs()
 {
     QWidget parent;
     WidgetSwitcher *switcher = new WidgetSwitcher(&parent, nullptr);
+    const QRect left = Parts(*switcher).left->geometry();
     switcher->setItemGeometry(0, 20, 30, 100, 80);
     QCOMPARE(switcher->geometry(), QRect(20, 30, 100, 80));
+    QCOMPARE(Parts(*switcher).left->geometry(), left);
     QCOMPARE(Parts(*switcher).pageOn->geometry(), QRect(22, 0, 6, 6));
 }
 
