@@ -98,6 +98,7 @@ private slots:
     void rowHiddenInAHiddenListLosesTheFocus();
     void hiddenTableHandsTheKeysToTheList();
     void rowIsThereWhenOnePixelOfItIsSeen();
+    void rowThatIsHiddenKeepsItsSize();
     void tableThatComesBackGivesTheFocusToItsRow();
     void tableThatComesBackHighlightsARowThatWasHidden();
     void listWhoseFirstRowIsHiddenTakesTheKeys();
@@ -404,6 +405,17 @@ void TestWidgetListRows::rowIsThereWhenOnePixelOfItIsSeen()
     QCOMPARE(menu.item(3)->y(), 1);
     QVERIFY(menu.item(2)->visibleRegion().contains(QPoint(0, 136)));
     QCOMPARE(menu.item(2)->y(), -136);
+}
+
+void TestWidgetListRows::rowThatIsHiddenKeepsItsSize()
+{
+    Menu menu(4);
+    menu.show();
+    const QSize size = menu.item(1)->size();
+    menu.list->hideItem(1);
+    menu.list->setFocusAtItem(3);
+    menu.list->setFocusAtItem(0);
+    QCOMPARE(menu.item(1)->size(), size);
 }
 
 void TestWidgetListRows::tableThatComesBackGivesTheFocusToItsRow()
