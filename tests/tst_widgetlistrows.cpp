@@ -409,11 +409,11 @@ void TestWidgetListRows::rowIsThereWhenOnePixelOfItIsSeen()
 
 void TestWidgetListRows::rowThatIsHiddenKeepsItsSize()
 {
-    Menu menu(4);
+    Menu menu(12);
     menu.show();
     const QSize size = menu.item(1)->size();
     menu.list->hideItem(1);
-    menu.list->setFocusAtItem(3);
+    menu.list->setFocusAtItem(11);
     menu.list->setFocusAtItem(0);
     QCOMPARE(menu.item(1)->size(), size);
 }

@@ -219,6 +219,7 @@ private slots:
     void lettersOnlyWithFunctionKeysAndTheSwitch_data();
     void lettersOnlyWithFunctionKeysAndTheSwitch();
     void lettersGoDownAroundTheEnd();
+    void everyDigitKeyMayHaveLettersAndBadges();
     void letterOfTheRowInFocusAloneStaysThere();
     void letterIsSearchedUpToTheFirstRowThatHasIt();
     void keyPressedAgainGoesToTheNextLetter();
@@ -1313,6 +1314,31 @@ void TestWidgetListView::lettersGoDownAroundTheEnd()
     QCOMPARE(book.type("3"), QList<int>{4});
     book.type("9");
     QCOMPARE(book.type("3"), QList<int>{2});
+}
+
+void TestWidgetListView::everyDigitKeyMayHaveLettersAndBadges()
+{
+    QStringList titles{"+"};
+    for (char letter = 'a'; letter <= 'j'; ++letter)
+        titles.append(QString(QLatin1Char(letter)));
+    PhoneBook book(titles);
+    for (int digit = 0; digit <= 9; ++digit)
+        book.menu.list->setKeyLetters(Qt::Key_0 + digit, titles.at(digit + 1));
+    for (int digit = 0; digit <= 9; ++digit)
+        QCOMPARE(book.menu.type(Qt::Key_0 + digit), digit + 1);
+
+    book.menu.list->m_jumpToLetter = false;
+    for (int digit = 0; digit <= 9; ++digit) {
+        Row row = RowsModel::titledRow("row");
+        row.badge = digit;
+        row.moreDepth = true;
+        book.model.change(digit, row);
+    }
+    for (int digit = 0; digit <= 9; ++digit) {
+        takeNotes();
+        book.menu.type(Qt::Key_0 + digit);
+        QCOMPARE(takeNotes(), QStringList({QString("doEnter %1").arg(digit), s_click}));
+    }
 }
 
 void TestWidgetListView::letterOfTheRowInFocusAloneStaysThere()
