@@ -46,6 +46,7 @@ private slots:
     void keyTextsArePlain();
     void keypadWithoutKeyTextsIsEmpty();
     void allPagesAreEnabledAtFirst();
+    void textIsSeenAtFirst();
     void everyShowStartsOnTheLowestEnabledPage_data();
     void everyShowStartsOnTheLowestEnabledPage();
     void setInitialPageDoesNotShowThePage();
@@ -491,6 +492,13 @@ void TestWidgetKeypad::allPagesAreEnabledAtFirst()
         }
     }
     ::operator delete(memory);
+}
+
+void TestWidgetKeypad::textIsSeenAtFirst()
+{
+    WidgetKeypad keypad(nullptr, nullptr);
+    keypad.show();
+    QCOMPARE(line(keypad)->echoMode(), QLineEdit::Normal);
 }
 
 void TestWidgetKeypad::everyShowStartsOnTheLowestEnabledPage_data()

@@ -90,6 +90,7 @@ private slots:
     void selectByValueDoesNothingInOtherKinds_data();
     void selectByValueDoesNothingInOtherKinds();
     void selectByValueOnAnEmptiedListLeavesIndexZero();
+    void firstWidgetIsUnmodifiedWithoutABackup();
 
     void displayValueIsTheTextAsDisplayed();
     void displayValueOfAWidgetRowIsEmpty();
@@ -1058,6 +1059,15 @@ void TestWidgetListItemValues::selectByValueDoesNothingInOtherKinds()
     // The index is still 1, where there is no text.
     row.updateValue();
     QCOMPARE(parts.value->text(), QString());
+}
+
+void TestWidgetListItemValues::firstWidgetIsUnmodifiedWithoutABackup()
+{
+    WidgetListItem row(nullptr, sound());
+    giveValues(row, QStringLiteral("widget"));
+    QVERIFY(!row.isModified());
+    row.setDisplayValueIndex(1);
+    QVERIFY(row.isModified());
 }
 
 void TestWidgetListItemValues::selectByValueOnAnEmptiedListLeavesIndexZero()

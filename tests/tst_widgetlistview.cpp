@@ -176,6 +176,7 @@ private slots:
     void rowThatIsShownGetsTheFocusWhereNoneHasIt();
     void rowHiddenWithTheFocusKeepsIt();
     void rowHiddenWithTheFocusGivesItToTheNearestWhenTheModelChanges();
+    void focusOnAHiddenRowScrollsNowhere();
     void allRowsHiddenStay();
     void allRowsHiddenBeforeTheShowAreNotSelectedByKeys();
     void allRowsHiddenReachTheEnds();
@@ -667,6 +668,17 @@ void TestWidgetListView::rowHiddenWithTheFocusGivesItToTheNearestWhenTheModelCha
     menu.list->hideItem(2);
     model.insert(6, RowsModel::titled(1, "new"));
     QVERIFY(menu.list->selectedRow() == 1 || menu.list->selectedRow() == 3);
+}
+
+void TestWidgetListView::focusOnAHiddenRowScrollsNowhere()
+{
+    RowsModel model(RowsModel::titled(12));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->hideItem(9);
+    menu.list->setFocusAtItem(9);
+    QCOMPARE(menu.list->selectedRow(), 9);
+    QCOMPARE(menu.top(0), 0);
 }
 
 void TestWidgetListView::allRowsHiddenStay()

@@ -342,6 +342,7 @@ private slots:
     void fetchesNearTheEndOnly();
     void fetchesForAnEmptyListAtItsShow();
     void fetchesForSmallerRows();
+    void fetchesForARowThatGetsTheFocusBeforeTheShow();
     void fetchesWhatComesLater();
     void fetchesOnWhenTooFewComeLater();
     void fetchWithoutRowsIsNotAskedForAgainAndAgain();
@@ -1212,6 +1213,18 @@ void TestWidgetListViewModels::fetchesForAnEmptyListAtItsShow()
             menu.list->hideItem(row);
         QCOMPARE(menu.type(Qt::Key_8), 20);
     }
+}
+
+void TestWidgetListViewModels::fetchesForARowThatGetsTheFocusBeforeTheShow()
+{
+    LazyModel model(1000, 1);
+    while (model.rowCount() < 30)
+        model.fetchMore(QModelIndex());
+    ViewMenu menu(&model);
+    menu.list->setFocusAtItem(29);
+    menu.show();
+    QCOMPARE(menu.list->selectedRow(), 29);
+    QVERIFY(model.rowCount() > 29 + s_rowsInView);
 }
 
 void TestWidgetListViewModels::fetchesForSmallerRows()
