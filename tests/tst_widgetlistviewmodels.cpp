@@ -943,6 +943,13 @@ void TestWidgetListViewModels::hiddenRowThatItsModelForgetsIsShownAgain()
     QCOMPARE(menu.list->findNextRow(1), 3);
     QCOMPARE(menu.list->selectedRow(), 6);
     QVERIFY(looksFresh(menu, {2}));
+    // Nor is the focus lost with the row that has it.
+    for (int row : {6, 0}) {
+        menu.list->setFocusAtItem(row);
+        model.replace(row, RowsModel::titledRow("another one"));
+        QCOMPARE(menu.list->selectedRow(), row);
+    }
+    QVERIFY(looksFresh(menu, {2}));
 }
 
 void TestWidgetListViewModels::standardItemModelMayHaveChildren()

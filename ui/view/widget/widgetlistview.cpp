@@ -392,7 +392,7 @@ int WidgetListView::rowWithLetter(int key, bool pressedAgain) const
 
     // Pressed again, the letter after that of the title counts most and that of the title least.
     const int current = m_view->row();
-    const int currentLetter = pressedAgain && current != -1
+    const int currentLetter = pressedAgain
         ? int(letters.indexOf(firstLetter(model()->index(current, 0).data(TitleRole).toString())))
         : -1;
     int found = -1;
