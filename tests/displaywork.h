@@ -4,8 +4,13 @@
 #include "eventrecording.h"
 #include "waiting.h"
 
+#include <QImage>
 #include <QMetaEnum>
+#include <QPixmap>
+#include <QScreen>
 #include <QTest>
+#include <QWidget>
+#include <QWindow>
 
 /// The events in \a recorder that tell of work on the display: something was dressed, laid out, placed or painted anew.
 inline QStringList displayWork(const EventRecorder &recorder)
@@ -40,6 +45,13 @@ QStringList workOf(QWidget &widget, Action action)
     for (int i = 0; i < 3; ++i)
         runEventLoop();
     return displayWork(recorder);
+}
+
+/// What is on the screen, which may be older than what the widgets would paint anew.
+inline QImage onScreen(QWidget &window)
+{
+    runEventLoop();
+    return window.windowHandle()->screen()->grabWindow(window.winId()).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
 #endif

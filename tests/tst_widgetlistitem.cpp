@@ -169,6 +169,7 @@ private slots:
     void weightsDoNotFollowTheFontOfTheApplication();
     void textsArePlain();
     void defaultFontIsThatOfTheApplicationByThen();
+    void defaultFontDoesNotFollowTheFontOfTheRow();
     void textIsCutOnlyWhenItsRoundedWidthIsGreater_data();
     void textIsCutOnlyWhenItsRoundedWidthIsGreater();
     void longTitleIsCutAtTheRight();
@@ -1079,6 +1080,24 @@ void TestWidgetListItem::defaultFontIsThatOfTheApplicationByThen()
         QCOMPARE(part->text(), fitted(text, part->font(), part->width()));
     }
     QCOMPARE(parts.badge->font().family(), QStringLiteral("DejaVu Sans Mono"));
+}
+
+void TestWidgetListItem::defaultFontDoesNotFollowTheFontOfTheRow()
+{
+    WidgetListItem row(nullptr, sound());
+    addTitle(row, QStringLiteral("text"));
+    row.refresh();
+    const RowParts parts(row);
+    const QFont title = parts.title->font();
+    // The same from around it, which is not the same as its own.
+    row.setFont(title);
+    parts.title->setFont(QFont());
+    QCOMPARE(parts.title->font(), title);
+    row.setDefaultFont();
+    QFont another = title;
+    another.setPointSize(8);
+    row.setFont(another);
+    QCOMPARE(parts.title->font(), title);
 }
 
 void TestWidgetListItem::cutsWhatIsOnePixelTooWide_data()

@@ -101,6 +101,7 @@ private slots:
     void rowThatIsHiddenKeepsItsSize();
     void tableThatComesBackGivesTheFocusToItsRow();
     void tableThatComesBackHighlightsARowThatWasHidden();
+    void tableThatComesBackLeavesTheFocusWhereItsRowIsHidden();
     void listWhoseFirstRowIsHiddenTakesTheKeys();
     void emptyRowLeavesTheKeysToTheList();
     void rowHiddenInAnInactiveWindowDoesNotGetTheFocusWithIt();
@@ -112,6 +113,7 @@ private slots:
     void rowDeletedBesideItsNewPlace_data();
     void rowDeletedBesideItsNewPlace();
     void rowDeletedInAHiddenListGivesTheFocusToNobody();
+    void rowHiddenInAHiddenWindowGivesTheFocusToNobody();
     void deletedChildOfAnotherParentIsForgotten();
     void rowMovedToAnotherListIsForgottenByTheFirst();
     void firstRowMovedToAnotherListIsForgottenByTheFirst();
@@ -134,6 +136,7 @@ private slots:
     void pictureOfARowDoesNotDependOnTheView();
     void pictureOfAListThatWasNeverShown();
     void pictureIsThatOfAPlainTable();
+    void rowsWithoutItemsMoveWithTheOthers();
     void childrenOfTheViewportAreFoundWhereTheyAreSeen();
     void listInAHiddenParentIsShownWithIt();
     void rowHiddenByTheApplicationStaysHidden();
@@ -452,6 +455,19 @@ void TestWidgetListRows::tableThatComesBackHighlightsARowThatWasHidden()
     QCOMPARE(rowsThatLookFocused(*menu.list), QList<int>{1});
 }
 
+void TestWidgetListRows::tableThatComesBackLeavesTheFocusWhereItsRowIsHidden()
+{
+    Menu menu(4, 3);
+    menu.show();
+    menu.list->setFocusAtItem(1);
+    menu.list->hideItem(1);
+    menu.table()->hide();
+    menu.table()->show();
+    QCOMPARE(QApplication::focusWidget(), menu.list.data());
+    menu.list->showItem(1);
+    QCOMPARE(QApplication::focusWidget(), menu.list.data());
+}
+
 void TestWidgetListRows::listWhoseFirstRowIsHiddenTakesTheKeys()
 {
     Menu menu(4);
@@ -627,6 +643,19 @@ void TestWidgetListRows::rowDeletedInAHiddenListGivesTheFocusToNobody()
     QCOMPARE(QApplication::focusWidget(), nullptr);
 }
 
+void TestWidgetListRows::rowHiddenInAHiddenWindowGivesTheFocusToNobody()
+{
+    Menu menu(2);
+    QWidget *other = new QWidget(&menu.screen);
+    other->setFocusPolicy(Qt::StrongFocus);
+    menu.show();
+    QCOMPARE(menu.screen.focusWidget(), menu.item(0));
+    menu.screen.hide();
+    menu.item(0)->setFocus();
+    menu.list->hideItem(0);
+    QCOMPARE(menu.screen.focusWidget(), nullptr);
+}
+
 void TestWidgetListRows::deletedChildOfAnotherParentIsForgotten()
 {
     Menu menu(3);
@@ -672,6 +701,13 @@ void TestWidgetListRows::rowThatTheTableHasMovedIsForgottenByTheFirst()
     other.list->addListItem(item);
     QCOMPARE(menu.table()->cellWidget(2, 0), nullptr);
     QVERIFY(menu.item(1) && menu.item(3));
+    // Up to the first row, too.
+    menu.table()->removeRow(0);
+    WidgetListItem *first = menu.item(0);
+    other.list->setRowCount(2);
+    other.list->addListItem(item);
+    other.list->addListItem(first);
+    QCOMPARE(menu.table()->cellWidget(0, 0), nullptr);
     menu.table()->setRowCount(0);
     runEventLoop();
     QVERIFY(item && item->isVisible());
@@ -1013,6 +1049,21 @@ void TestWidgetListRows::pictureIsThatOfAPlainTable()
         menu.list->setFocusAtItem(row);
         runEventLoop();
         QCOMPARE(differingPixels(picture(menu.table()), expected), 0);
+    }
+}
+
+void TestWidgetListRows::rowsWithoutItemsMoveWithTheOthers()
+{
+    Menu menu(9, 2);
+    // Every second row has another colour.
+    menu.list->setNoFocusStyle(1);
+    menu.show();
+    QScrollBar *bar = menu.table()->verticalScrollBar();
+    for (int value : {1, 2, 5, 3, bar->maximum(), 0}) {
+        bar->setValue(value);
+        const QImage seen = onScreen(menu.screen);
+        menu.table()->viewport()->update();
+        QCOMPARE(seen, onScreen(menu.screen));
     }
 }
 

@@ -1123,6 +1123,11 @@ void TestWidgetListView::badgeInViewComesFirst()
     menu.list->setFocusAtItem(29);
     menu.type(Qt::Key_5);
     QCOMPARE(takeNotes(), QStringList({"doEnter 28", s_click}));
+    // Also in the first row that is in view.
+    menu.list->setFocusAtItem(15);
+    QCOMPARE(menu.top(15), 0);
+    menu.type(Qt::Key_5);
+    QCOMPARE(takeNotes(), QStringList({"doEnter 15", s_click}));
     menu.list->setFocusAtItem(25);
     menu.list->setFocusAtItem(23);
     QVERIFY(!menu.isInView(28) && !menu.isInView(16));
@@ -1339,7 +1344,11 @@ void TestWidgetListView::everyDigitKeyMayHaveLettersAndBadges()
     for (int digit = 0; digit <= 9; ++digit)
         QCOMPARE(book.menu.type(Qt::Key_0 + digit), digit + 1);
 
-    book.menu.list->m_jumpToLetter = false;
+    // Without letters they are for badges.
+    for (int digit = 0; digit <= 9; digit += 2)
+        book.menu.list->setKeyLetters(Qt::Key_0 + digit, QString());
+    for (int digit = 1; digit <= 9; digit += 2)
+        book.menu.list->setKeyLetters(Qt::Key_0 + digit, QString(""));
     for (int digit = 0; digit <= 9; ++digit) {
         Row row = RowsModel::titledRow("row");
         row.badge = digit;

@@ -4,6 +4,7 @@
 #include "displaywork.h"
 #include "listviewtesting.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAbstractItemModelTester>
 #include <QScreen>
 #include <QSet>
@@ -27,13 +28,6 @@ namespace {
 const QString s_click = QStringLiteral("sound:901");
 const int s_rowHeight = 46;
 const int s_rowsInView = 3;
-
-/// What is on the screen, which may be older than what the widgets would paint anew.
-QImage onScreen(QWidget &window)
-{
-    runEventLoop();
-    return window.windowHandle()->screen()->grabWindow(window.winId()).toImage().convertToFormat(QImage::Format_RGB32);
-}
 
 QString titleOf(const ViewMenu &menu)
 {
@@ -351,6 +345,8 @@ private slots:
     // Costs
     void asksForRowsInViewOnly();
     void asksNothingOfAModelThatChangesWhileItIsHidden();
+    void rowsThatComeLeaveNoTimerRunning();
+    void modelOfBeforeNoLongerMovesTheFocus();
     void manyRowsCostNoMemory();
     void changeOfOneRowAsksForThatRowOnly();
     void formerModelIsNotListenedTo();
@@ -1242,6 +1238,7 @@ void TestWidgetListViewModels::fetchesForSmallerRows()
     const int before = model.rowCount();
     menu.list->setRowHeight(23);
     QVERIFY(model.rowCount() >= 2 * before - 2);
+    QVERIFY(looksFresh(menu, {}, 23));
 }
 
 void TestWidgetListViewModels::fetchesWhatComesLater()
@@ -1375,6 +1372,33 @@ void TestWidgetListViewModels::asksNothingOfAModelThatChangesWhileItIsHidden()
     runEventLoop();
     QCOMPARE(model.m_asked, 0);
     QCOMPARE(model.m_questions, 0);
+}
+
+void TestWidgetListViewModels::rowsThatComeLeaveNoTimerRunning()
+{
+    RowsModel model(RowsModel::titled(5));
+    ViewMenu menu(&model);
+    model.insert(0, RowsModel::titled(5));
+    menu.show();
+    model.insert(0, RowsModel::titled(5));
+    model.sortRows();
+    model.reset(RowsModel::titled(20));
+    for (int i = 0; i < 3; ++i)
+        runEventLoop();
+    QCOMPARE(QAbstractEventDispatcher::instance()->registeredTimers(menu.view()).size(), 0);
+}
+
+void TestWidgetListViewModels::modelOfBeforeNoLongerMovesTheFocus()
+{
+    RowsModel before(RowsModel::titled(12));
+    RowsModel now;
+    ViewMenu menu(&before);
+    menu.show();
+    menu.list->setFocusAtItem(5);
+    menu.list->setModel(&now);
+    before.insert(0, RowsModel::titled(3));
+    now.insert(0, RowsModel::titled(12));
+    QCOMPARE(menu.list->selectedRow(), 5);
 }
 
 void TestWidgetListViewModels::asksForRowsInViewOnly()
