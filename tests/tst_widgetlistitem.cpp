@@ -145,6 +145,7 @@ private slots:
     void mixOfTextsAndWidgetsIsReportedAtEveryRefresh();
     void refreshDressesARowAsWithoutTheFocus();
     void refreshTakesTheDefaultFonts();
+    void refreshTwiceOfARowThatWasNeverShownChangesNothing();
     void refreshTwiceChangesNothing_data();
     void refreshTwiceChangesNothing();
     void secondShowDressesNothing();
@@ -653,6 +654,19 @@ void TestWidgetListItem::refreshTakesTheDefaultFonts()
     QCOMPARE(parts.value->font().pointSize(), 14);
     QVERIFY(!parts.title->font().italic());
     QVERIFY(!parts.value->font().italic());
+}
+
+void TestWidgetListItem::refreshTwiceOfARowThatWasNeverShownChangesNothing()
+{
+    WidgetListItem row(nullptr, sound());
+    row.setGeometry(0, 0, 220, 46);
+    addTitle(row, QStringLiteral("text"));
+    addValues(row, QStringLiteral("tt"));
+    setFlags(row, QStringLiteral("b"));
+    row.refresh();
+    const EventRecorder recorder(&row);
+    row.refresh();
+    QCOMPARE(recorder.count(QEvent::ShowToParent) + recorder.count(QEvent::HideToParent), 0);
 }
 
 void TestWidgetListItem::refreshTwiceChangesNothing_data()

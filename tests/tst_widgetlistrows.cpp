@@ -121,6 +121,7 @@ private slots:
     void rowThatTheSystemHidesKeepsTheFocus();
     void removedRowMayOutliveItsList();
     void rowThatTheTableHasMovedIsForgottenByTheFirst();
+    void rowTakenOutOfItsCellMayMoveToAnotherList();
     void rowTakenOutOfItsCellLeavesTheOthersWhenItIsDeleted();
     void rowThatIsToBeDeletedGoesFromItsListAsWell();
     void deletedRowsMakeRoomForOthers();
@@ -702,7 +703,8 @@ void TestWidgetListRows::rowThatTheTableHasMovedIsForgottenByTheFirst()
     QCOMPARE(menu.table()->cellWidget(2, 0), nullptr);
     QVERIFY(menu.item(1) && menu.item(3));
     // Up to the first row, too.
-    menu.table()->removeRow(0);
+    for (int i = 0; i < 3; ++i)
+        menu.table()->removeRow(0);
     WidgetListItem *first = menu.item(0);
     other.list->setRowCount(2);
     other.list->addListItem(item);
@@ -742,6 +744,11 @@ void TestWidgetListRows::rowThatIsSomewhereElseByNowIsHiddenThereInPeace()
     QVERIFY(edit->hasFocus());
     item->hide();
     QVERIFY(!menu.list->hasFocus());
+
+    // Nor does it go with the list.
+    const QPointer<WidgetListItem> watched(item);
+    delete menu.list;
+    QVERIFY(watched);
 }
 
 void TestWidgetListRows::rowThatTheSystemHidesKeepsTheFocus()
@@ -767,6 +774,21 @@ void TestWidgetListRows::removedRowMayOutliveItsList()
     menu.reset();
     item->show();
     item.reset();
+}
+
+void TestWidgetListRows::rowTakenOutOfItsCellMayMoveToAnotherList()
+{
+    Menu menu(3);
+    menu.show();
+    Menu other(0);
+    other.list->setRowCount(1);
+    const QPointer<WidgetListItem> item = menu.item(2);
+    menu.table()->removeCellWidget(2, 0);
+    other.list->addListItem(item);
+    runEventLoop();
+    QVERIFY(item);
+    QCOMPARE(other.item(0), item.data());
+    QVERIFY(menu.item(0) && menu.item(1));
 }
 
 void TestWidgetListRows::rowTakenOutOfItsCellLeavesTheOthersWhenItIsDeleted()

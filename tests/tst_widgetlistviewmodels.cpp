@@ -563,6 +563,7 @@ void TestWidgetListViewModels::fetchMayDeleteTheList_data()
     QTest::newRow("for rows in view soon") << 0 << 9;
     QTest::newRow("for rows after the last") << 0 << 11;
     QTest::newRow("at the last, which is in view") << 10 << 11;
+    QTest::newRow("for the first focus") << 11 << -1;
 }
 
 void TestWidgetListViewModels::fetchMayDeleteTheList()
@@ -598,7 +599,12 @@ void TestWidgetListViewModels::fetchMayDeleteTheList()
     menu.list->setFocusAtItem(11);
     menu.list->setFocusAtItem(from);
     model.m_list = menu.list;
-    menu.list->setFocusAtItem(to);
+    if (to == -1) {
+        model.remove(2, 10);
+        QMetaObject::invokeMethod(menu.list, "setInitialFocus");
+    } else {
+        menu.list->setFocusAtItem(to);
+    }
     QVERIFY(!menu.list);
     menu.picture();
 }

@@ -355,6 +355,9 @@ void TestWidgetSimpleTitle::widthZeroAndBelowIsNoCrash()
         bar.setTitle(QString(10000, 'W'));
         QVERIFY(titleLabel(bar)->text().size() < 10000);
     }
+    bar.setItemGeometry(WidgetSimpleTitle::ItemTitle, 0, 0, 0, 38);
+    bar.setTitle("abc");
+    QCOMPARE(titleLabel(bar)->text(), titleLabel(bar)->fontMetrics().elidedText("abc", Qt::ElideRight, 0));
 }
 
 void TestWidgetSimpleTitle::whatIsSetAlreadyCostsNothing()

@@ -79,11 +79,8 @@ void RowTable::release(WidgetListItem *item)
 {
     takeFocusFrom(item);
     item->m_table = 0;
-    const int row = rowOf(item);
-    if (row >= 0) {
-        removeCellWidget(row, 0);
-        QCoreApplication::removePostedEvents(item, QEvent::DeferredDelete);
-    }
+    removeCellWidget(rowOf(item), 0);
+    QCoreApplication::removePostedEvents(item, QEvent::DeferredDelete);
 }
 
 void RowTable::forget(WidgetListItem *item)
