@@ -210,6 +210,7 @@ private slots:
     void focusOutPutsTheCutTitleBackAndKeepsTheTimerId();
     void focusOutWithoutMarqueeLeavesTheTitleAlone();
     void focusOutWithMarqueeUpdatesTheTitle();
+    void focusOutOfARowWithATitleWidgetLeavesTheLabelAlone();
     void eachFocusStartsFromTheBeginning();
     void noTimerIsStackedOnARunningOne();
     void noForeignTimerIsKilled();
@@ -1593,6 +1594,19 @@ void TestWidgetListItem::focusOutWithoutMarqueeLeavesTheTitleAlone()
     focusIn(&row);
     focusOut(&row);
     QCOMPARE(RowParts(row).title->text(), QStringLiteral("A"));
+}
+
+void TestWidgetListItem::focusOutOfARowWithATitleWidgetLeavesTheLabelAlone()
+{
+    WidgetListItem row(nullptr, sound());
+    addTitle(row, QStringLiteral("text"));
+    addTitle(row, QStringLiteral("widget"));
+    row.show();
+    const RowParts parts(row);
+    focusIn(&row);
+    parts.title->setText(QStringLiteral("another"));
+    focusOut(&row);
+    QCOMPARE(parts.title->text(), QString("another"));
 }
 
 void TestWidgetListItem::focusOutWithMarqueeUpdatesTheTitle()

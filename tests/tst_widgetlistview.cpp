@@ -176,6 +176,7 @@ private slots:
     void rowThatIsShownGetsTheFocusWhereNoneHasIt();
     void rowHiddenWithTheFocusKeepsIt();
     void rowHiddenWithTheFocusGivesItToTheNearestWhenTheModelChanges();
+    void lastRowStandsAtTheBottom();
     void focusOnAHiddenRowScrollsNowhere();
     void allRowsHiddenStay();
     void allRowsHiddenBeforeTheShowAreNotSelectedByKeys();
@@ -668,6 +669,20 @@ void TestWidgetListView::rowHiddenWithTheFocusGivesItToTheNearestWhenTheModelCha
     menu.list->hideItem(2);
     model.insert(6, RowsModel::titled(1, "new"));
     QVERIFY(menu.list->selectedRow() == 1 || menu.list->selectedRow() == 3);
+}
+
+void TestWidgetListView::lastRowStandsAtTheBottom()
+{
+    RowsModel model(RowsModel::titled(12));
+    ViewMenu menu(&model);
+    menu.show();
+    for (int height : {40, 46, 100, 137}) {
+        menu.list->setRowHeight(height);
+        menu.list->setFocusAtItem(0);
+        QCOMPARE(menu.top(0), 0);
+        menu.list->setFocusAtItem(11);
+        QCOMPARE(menu.top(11), 138 - height);
+    }
 }
 
 void TestWidgetListView::focusOnAHiddenRowScrollsNowhere()
