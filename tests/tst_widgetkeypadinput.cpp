@@ -75,6 +75,7 @@ private slots:
     void repeatsOfSeveralShortPressesAddUpToAClear();
     void otherKeysThatAreHeldDoNothing();
     void deleteKeyThatIsHeldBeforeTheFirstShowCounts();
+    void keyBeforeTheFirstShowTypesItsFirstCharacter();
     void showAndClearStartTheCountOfRepeatsAnew();
     void clearPutsTheLitKeyToRest();
     void clearInsideACycleLetsTheSameKeyGoOn();
@@ -682,6 +683,15 @@ void TestWidgetKeypadInput::deleteKeyThatIsHeldBeforeTheFirstShowCounts()
     QCOMPARE(events(), QStringList());
     press(keypad, Qt::Key_F4, true);
     QCOMPARE(events(), QStringList() << "sound:901" << "log:16:[keyPressEvent, 157] clear all!!");
+}
+
+void TestWidgetKeypadInput::keyBeforeTheFirstShowTypesItsFirstCharacter()
+{
+    FilledKeypad keypad;
+    release(keypad, Qt::Key_2);
+    QCOMPARE(line(keypad)->text(), QString("a"));
+    release(keypad, Qt::Key_2);
+    QCOMPARE(line(keypad)->text(), QString("b"));
 }
 
 void TestWidgetKeypadInput::otherKeysThatAreHeldDoNothing()
