@@ -347,6 +347,8 @@ private slots:
     void asksNothingOfAModelThatChangesWhileItIsHidden();
     void rowsThatComeLeaveNoTimerRunning();
     void modelOfBeforeNoLongerMovesTheFocus();
+    void rowThatGoesLeavesTheViewWhereItIs();
+    void focusThatComesAndGoesIsSeenAtOnce();
     void manyRowsCostNoMemory();
     void changeOfOneRowAsksForThatRowOnly();
     void formerModelIsNotListenedTo();
@@ -1405,6 +1407,40 @@ void TestWidgetListViewModels::modelOfBeforeNoLongerMovesTheFocus()
     before.insert(0, RowsModel::titled(3));
     now.insert(0, RowsModel::titled(12));
     QCOMPARE(menu.list->selectedRow(), 5);
+}
+
+void TestWidgetListViewModels::rowThatGoesLeavesTheViewWhereItIs()
+{
+    RowsModel model(RowsModel::titled(20));
+    ViewMenu menu(&model);
+    menu.show();
+    for (int row : {15, 10}) {
+        menu.list->setFocusAtItem(19);
+        menu.list->setFocusAtItem(row);
+        QCOMPARE(menu.top(row), 0);
+        model.remove(row, 1);
+        QCOMPARE(menu.list->selectedRow(), row);
+        QCOMPARE(menu.top(row), 0);
+        model.insert(row, RowsModel::titled(1, "new"));
+    }
+}
+
+void TestWidgetListViewModels::focusThatComesAndGoesIsSeenAtOnce()
+{
+    RowsModel model(RowsModel::titled(5));
+    ViewMenu menu(&model);
+    QWidget other(&menu.screen);
+    other.setFocusPolicy(Qt::StrongFocus);
+    other.setGeometry(0, 0, 1, 1);
+    menu.show();
+    const QImage before = onScreen(menu.screen);
+    other.setFocus();
+    const QImage without = onScreen(menu.screen);
+    QVERIFY(without != before);
+    menu.view()->viewport()->update();
+    QCOMPARE(onScreen(menu.screen), without);
+    menu.list->setFocus();
+    QCOMPARE(onScreen(menu.screen), before);
 }
 
 void TestWidgetListViewModels::asksForRowsInViewOnly()
