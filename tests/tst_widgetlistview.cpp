@@ -2,6 +2,7 @@
 #include "listtesting.h"
 #include "listviewtesting.h"
 
+#include <QAbstractEventDispatcher>
 #include <QLabel>
 #include <QStringListModel>
 #include <QTemporaryDir>
@@ -242,6 +243,7 @@ private slots:
     void rowsAreFoundWhereTheyAre();
     void eachLineIsPaintedByItself();
     void rowsFollowTheFontOfTheApplication();
+    void titleScrollsOnceItsFontIsTooWide();
 
     // Title bar
     void iconTakesALabelOnlyWhereItMust_data();
@@ -1662,6 +1664,28 @@ void TestWidgetListView::rowsFollowTheFontOfTheApplication()
     QCOMPARE(after, expected);
     menu.show();
     QCOMPARE(seenRows(menu), before);
+}
+
+void TestWidgetListView::titleScrollsOnceItsFontIsTooWide()
+{
+    RowsModel model(RowsModel::titled(QStringList{"illicit fillies fill it"}));
+    ViewMenu menu(&model);
+    menu.show();
+    const auto scrolls = [&menu] {
+        runEventLoop();
+        for (const auto &timer : QAbstractEventDispatcher::instance()->registeredTimers(menu.view())) {
+            if (timer.interval == 200)
+                return true;
+        }
+        return false;
+    };
+    QVERIFY(!scrolls());
+    const QFont font = QApplication::font();
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans Mono")));
+    const bool scrolling = scrolls();
+    QApplication::setFont(font);
+    QVERIFY(scrolling);
+    QVERIFY(!scrolls());
 }
 
 void TestWidgetListView::iconTakesALabelOnlyWhereItMust_data()

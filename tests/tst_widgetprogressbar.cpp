@@ -38,6 +38,7 @@ private slots:
     void capacityOfZeroIsPaintedInAnyWidth_data();
     void capacityOfZeroIsPaintedInAnyWidth();
     void capacityOfZeroIsPaintedAsByTheToolkitWhereItCan();
+    void narrowBarIsPaintedAsByTheToolkit();
     void smallestIntegerDividedByMinusOneIsNoCrash();
     void barGetsTheQuotientThenTheAmount();
     void logsAndEmitsInOrder();
@@ -317,6 +318,25 @@ void TestWidgetProgressBar::capacityOfZeroIsPaintedAsByTheToolkitWhereItCan()
         toolkits.setFormat(bar(widget)->format());
         toolkits.setFont(bar(widget)->font());
         toolkits.setAlignment(bar(widget)->alignment());
+        QCOMPARE(bar(widget)->grab().toImage(), toolkits.grab().toImage());
+    }
+}
+
+void TestWidgetProgressBar::narrowBarIsPaintedAsByTheToolkit()
+{
+    for (int width = 1; width < 5; ++width) {
+        QWidget window;
+        window.setStyleSheet(s_sheet);
+        QProgressBar toolkits(&window);
+        toolkits.setGeometry(0, 0, width, 17);
+        toolkits.setRange(0, 10);
+        toolkits.setValue(10);
+        toolkits.setTextVisible(false);
+        WidgetProgressBar widget(&window);
+        widget.setItemUseMaxValue(10, 10);
+        widget.setItemGeometry(WidgetProgressBar::ItemBar, 6, 23, width, 17);
+        bar(widget)->setTextVisible(false);
+        QCOMPARE(bar(widget)->value(), 10);
         QCOMPARE(bar(widget)->grab().toImage(), toolkits.grab().toImage());
     }
 }
