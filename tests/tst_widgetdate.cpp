@@ -94,6 +94,7 @@ private slots:
     void stopOfAWidgetThatNeverRanDoesNotReturn();
     void startsAndStopsAThousandTimes();
     void mayBeDestroyedRightAfterStop();
+    void deletedDateLeavesNoMemory();
 };
 
 void TestWidgetDate::init()
@@ -520,6 +521,27 @@ void TestWidgetDate::mayBeDestroyedRightAfterStop()
     }
     runEventLoop();
     QVERIFY(parent.children().isEmpty());
+}
+
+void TestWidgetDate::deletedDateLeavesNoMemory()
+{
+#ifdef COUNTS_ALLOCATIONS
+    QWidget parent;
+    const auto useDate = [&parent] {
+        WidgetDate date(&parent, nullptr);
+        date.updateDateMonth(11, 23, 1);
+    };
+    // What the toolkit keeps.
+    for (int i = 0; i < 20; ++i)
+        useDate();
+    const long before = blockCount();
+    for (int i = 0; i < 100; ++i)
+        useDate();
+    const long more = blockCount() - before;
+    QVERIFY2(more < 50, qPrintable(QString::number(more)));
+#else
+    QSKIP("Something else looks after the memory.");
+#endif
 }
 
 QTEST_MAIN(TestWidgetDate)

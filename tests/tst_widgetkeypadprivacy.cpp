@@ -285,6 +285,7 @@ private slots:
     void hiddenTextIsReadOutAsStars();
     void seenTextIsReadOut();
     void onlyTheLineIsReadOutAsStars();
+    void cursorIsReadOutAlikeForStars();
     void whoReadsOutMayType();
     void keypadsFilledByOneAnotherAreReadOutAsStars();
 
@@ -374,6 +375,37 @@ void TestWidgetKeypadPrivacy::onlyTheLineIsReadOutAsStars()
     s_readOut.clear();
     other.setText("def");
     QCOMPARE(s_readOut, QStringList{"abc>def"});
+}
+
+void TestWidgetKeypadPrivacy::cursorIsReadOutAlikeForStars()
+{
+    QStringList told[2];
+    for (bool hidden : {false, true}) {
+        FilledKeypad keypad;
+        keypad.hideText(hidden);
+        const Reader reader([](QAccessibleEvent *event) {
+            switch (event->type()) {
+            case QAccessible::TextInserted:
+            case QAccessible::TextRemoved:
+            case QAccessible::TextUpdated:
+            case QAccessible::TextCaretMoved:
+                s_readOut += QString("%1 at %2").arg(event->type()).arg(
+                    static_cast<QAccessibleTextCursorEvent *>(event)->cursorPosition());
+                break;
+            default:
+                break;
+            }
+        });
+        keypad.setInitialLineText("xyz", hidden, true, false);
+        keypad.show();
+        release(keypad, Qt::Key_2);
+        release(keypad, Qt::Key_1);
+        release(keypad, Qt::Key_F4);
+        holdDeleteKey(keypad);
+        told[hidden] = s_readOut;
+    }
+    QVERIFY(told[0].size() > 4);
+    QCOMPARE(told[1], told[0]);
 }
 
 void TestWidgetKeypadPrivacy::whoReadsOutMayType()

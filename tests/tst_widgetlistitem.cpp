@@ -2260,7 +2260,7 @@ void TestWidgetListItem::deletedRowLeavesNoMemory()
     const long more = blockCount() - before;
     QVERIFY2(more < 50, qPrintable(QString::number(more)));
 #else
-    QSKIP("A sanitizer counts the memory.");
+    QSKIP("Something else looks after the memory.");
 #endif
 }
 
