@@ -407,12 +407,6 @@ void RowView::changeEvent(QEvent *event)
     QAbstractItemView::changeEvent(event);
 }
 
-void RowView::hideEvent(QHideEvent *event)
-{
-    stopMarquee();
-    QAbstractItemView::hideEvent(event);
-}
-
 void RowView::paintEvent(QPaintEvent *event)
 {
     const QColor colour = rowColour();

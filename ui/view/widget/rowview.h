@@ -73,7 +73,6 @@ public:
 
 protected:
     virtual void changeEvent(QEvent *event);
-    virtual void hideEvent(QHideEvent *event);
     virtual void paintEvent(QPaintEvent *event);
     virtual void timerEvent(QTimerEvent *event);
     virtual void updateGeometries();
