@@ -27,6 +27,7 @@ private slots:
     void labelTakesThePlaceOfTheTileInItsParent();
     void emptyContentIsCentred();
     void longContentIsNoTrouble();
+    void contentIsPlainText();
     void whatIsSetAlreadyCostsNothing();
 };
 
@@ -231,6 +232,14 @@ void TestWidgetSelectTile::longContentIsNoTrouble()
     placed.tile->setContent(text);
     QVERIFY(isWrapped(*placed.tile));
     QCOMPARE(content(*placed.tile)->text(), text);
+}
+
+void TestWidgetSelectTile::contentIsPlainText()
+{
+    WidgetSelectTile tile(nullptr, nullptr);
+    tile.setContent("<b>&amp;</b>");
+    QCOMPARE(content(tile)->text(), QString("<b>&amp;</b>"));
+    QCOMPARE(content(tile)->textFormat(), Qt::PlainText);
 }
 
 void TestWidgetSelectTile::whatIsSetAlreadyCostsNothing()

@@ -31,6 +31,7 @@ private slots:
     void textIsNotCutAgainByItself();
     void longTextIsNoTrouble();
     void textInAngleBracketsIsSeen();
+    void textIsPlain();
     void whatIsSetAlreadyCostsNothing();
 };
 
@@ -280,6 +281,14 @@ void TestWidgetTAMark::longTextIsNoTrouble()
     QVERIFY(measure(banner(mark)->text(), bannerFont()) <= 220);
     mark.updateTAText(QString());
     QCOMPARE(banner(mark)->text(), QString());
+}
+
+void TestWidgetTAMark::textIsPlain()
+{
+    WidgetTAMark mark(nullptr, nullptr);
+    mark.updateTAText("<b>x</b>");
+    QCOMPARE(banner(mark)->text(), QString("<b>x</b>"));
+    QCOMPARE(banner(mark)->textFormat(), Qt::PlainText);
 }
 
 void TestWidgetTAMark::whatIsSetAlreadyCostsNothing()
