@@ -453,6 +453,8 @@ void TestWidgetListViewPictures::titleBarsLookTheSame_data()
         {"the same icon twice", {picture, picture}},
         {"another icon", {picture, QStringLiteral("image: url(:/resource/images_l2/icon_square.png);")}},
         {"an icon that is too large", {QStringLiteral("image: url(:/resource/images_l2/tna_bg.png);")}},
+        {"an icon that is too wide", {QStringLiteral("image: url(:/resource/images_l2/icon_strip.png);")}},
+        {"an icon that is too high", {QStringLiteral("image: url(:/resource/images_l2/icon_pole.png);")}},
         {"an icon that does not exist", {QStringLiteral("image: url(:/none.png);")}},
         {"an icon on a colour", {QStringLiteral("background-color: #800000; ") + picture}},
         {"a colour after the icon", {picture, QStringLiteral("background-color: #800000;")}},
