@@ -450,6 +450,9 @@ def choose(options, builder, seed):
     with multiprocessing.Pool(WORKERS) as pool:
         found = pool.map(candidates_of, [(each, ['-include-pch', builder.prefix + '.pch'] + builder.arguments(each))
                                          for each in sources], 1)
+        # Otherwise they are ended by a signal, which libclang may wait in for ever.
+        pool.close()
+        pool.join()
     candidates = dict(zip(sources, found))
 
     equivalent = read_diffs(EQUIVALENT, head_of_equivalent)
