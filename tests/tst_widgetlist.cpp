@@ -115,6 +115,8 @@ private slots:
     void setRowCountKeepsTheItemsBelow();
     void setRowCountBelowZeroIsRejected();
     void setRowCountForgetsTheSelectedRow();
+    void setRowCountMakesTheTableOneColumnAgain();
+    void rowsLeftOverAreLeftAlone();
     void itemsReplaceThoseOfBefore();
     void removedItemsAreDeletedLater();
     void removeAllItemsKeepsTheSelectedRow();
@@ -151,6 +153,11 @@ private slots:
     void rowThatIsAddedAgainInItsPlaceKeepsTheFocus();
     void setLastFocusGoesBackToTheRecordedRow();
     void setLastFocusWithoutARowIsRejected();
+    void rowOfAWindowThatIsNotActiveLooksAsWithoutTheFocus();
+    void focusThatComesBackGoesStraightToTheRow();
+    void focusThatComesBackGoesToTheListWhoseTableIsHidden();
+    void focusStaysOnItsRowWhenAHiddenOneIsSelected();
+    void rowThatIsDeletedAsItIsSelectedLeavesTheFocusToTheList();
     void focusedRowLooksFocused();
 
     // Up and down
@@ -165,6 +172,10 @@ private slots:
     void hiddenRowsArePassedOver_data();
     void hiddenRowsArePassedOver();
     void hiddenRowsAreHiddenAndComeBack();
+    void hiddenRowIsNotRefreshed();
+    void hiddenRowThatComesBackOutOfViewHasTheHeightOfItsRow();
+    void rowThatTheApplicationTookOutIsShownAsItsOwn();
+    void firstRowIsRefreshedWithAListThatIsShownAtItsEnd();
     void firstRowThatWasNeverSeenIsAsItIsAtTheNextShow();
     void changedWhileHiddenIsSeenAtTheNextShow_data();
     void changedWhileHiddenIsSeenAtTheNextShow();
@@ -195,6 +206,7 @@ private slots:
     // Long presses
     void longPressIsReportedAtTheEleventhRepeat_data();
     void longPressIsReportedAtTheEleventhRepeat();
+    void pressesThatMoveAreAccepted();
     void longPressClicksWithoutASoundManager();
     void otherKeysThatAreHeldAreNotReported();
     void repeatsOfSeveralPressesAddUp();
@@ -203,12 +215,14 @@ private slots:
     void upAndDownCountApart();
     void keysThatAreHeldBeforeTheFirstShowCount();
     void repeatedReleasesActEachTime();
+    void flagIsClearedByTheNextPressOrShow_data();
     void flagIsClearedByTheNextPressOrShow();
     void emptyListReportsLongPresses();
     void pressWithoutRepeatIsNeverLong();
 
     // Shortcuts
     void shortcutEntersItsRowAndClicks();
+    void everyDigitMayBeAShortcut();
     void shortcutOfARowThatDoesNotLeadDeeper();
     void shortcutIsHandedOnWithoutARow_data();
     void shortcutIsHandedOnWithoutARow();
@@ -233,6 +247,8 @@ private slots:
     void noFocusStyleStopsATitleThatScrolls();
     void turnsPages_data();
     void turnsPages();
+    void pageThatBeginsWithTheFirstRowIsOneOfSeveral();
+    void firstStepUpIsNotOneOfSeveral();
     void pagesAreScrolledTo();
     void pagingFlagsSurviveTheShow();
     void pagesDoNotLookAtHiddenRows();
@@ -249,6 +265,7 @@ private slots:
     void styleAroundARowOutOfViewDoesNotConcernItsParts();
     void rowOutOfViewHasItsTextsAndPlaces();
     void rowOutOfViewIsLaidOutForItsRow();
+    void rowOutOfViewHasTheHeightThatItsRowGetsInAHiddenList();
     void rowOutOfViewForgetsAtTheShow();
     void rowOutOfViewIsReportedAtTheShow();
     void comingIntoViewIsNoRefresh();
@@ -561,8 +578,11 @@ void TestWidgetList::setRowHeightSetsEveryRow()
         for (int row = 0; row < 3; ++row)
             QCOMPARE(tableOf(list)->rowHeight(row), plain.table->rowHeight(row));
     }
+    list.setRowHeight(60);
     list.setRowHeight(-7);
-    list.show();
+    const PlainTable plain(&parent, {0, 0, 0});
+    for (int row = 0; row < 3; ++row)
+        QCOMPARE(tableOf(list)->rowHeight(row), plain.table->rowHeight(row));
 }
 
 void TestWidgetList::setRowCountKeepsTheItemsBelow()
@@ -600,16 +620,55 @@ void TestWidgetList::setRowCountForgetsTheSelectedRow()
 {
     Menu menu(3);
     menu.show();
-    menu.list->setFocusAtItem(2);
-    WidgetListItem *first = menu.item(0);
+    menu.list->setFocusAtItem(1);
+    const QList<WidgetListItem *> items{menu.item(0), menu.item(1), menu.item(2)};
     menu.list->setRowCount(3);
-    menu.list->addListItem(first);
+    for (WidgetListItem *item : items)
+        menu.list->addListItem(item);
     // From nowhere, down goes to the first.
     RecordingPlatform::reset();
     releaseKey(menu.list, Qt::Key_8);
     QCOMPARE(focusedRow(*menu.list), 0);
     menu.list->hide();
     QVERIFY(RecordingPlatform::events().contains("log:16:[hideEvent, 429] m_selectedRow = 0"));
+}
+
+void TestWidgetList::setRowCountMakesTheTableOneColumnAgain()
+{
+    WidgetList list(3, nullptr, sound());
+    tableOf(list)->setColumnCount(2);
+    list.setRowCount(3);
+    QCOMPARE(tableOf(list)->columnCount(), 1);
+}
+
+void TestWidgetList::rowsLeftOverAreLeftAlone()
+{
+    // Row 8 is below the last one that counts, and out of view.
+    Menu menu(12);
+    menu.show();
+    QList<WidgetListItem *> items;
+    for (int row = 0; row < 8; ++row)
+        items.append(menu.item(row));
+    menu.list->setRowCount(12);
+    for (WidgetListItem *item : items)
+        menu.list->addListItem(item);
+    for (int row : {7, 8})
+        menu.item(row)->setTitle(QStringLiteral("changed"), false);
+    const QLabel *title = RowParts(*menu.item(8)).title;
+    menu.list->refreshItems();
+    menu.list->setNoFocusStyle(3);
+    QCOMPARE(RowParts(*menu.item(7)).title->text(), QStringLiteral("changed"));
+    QVERIFY(!menu.item(7)->m_marquee);
+    QCOMPARE(title->text(), QStringLiteral("row 8"));
+    QVERIFY(menu.item(8)->m_marquee);
+    for (int row : {7, 8})
+        menu.item(row)->setDisplayValueIndex(1);
+    menu.list->backup();
+    QVERIFY(!menu.item(7)->isModified());
+    QVERIFY(menu.item(8)->isModified());
+    menu.list->hide();
+    menu.list->show();
+    QCOMPARE(title->text(), QStringLiteral("row 8"));
 }
 
 void TestWidgetList::itemsReplaceThoseOfBefore()
@@ -1076,6 +1135,66 @@ void TestWidgetList::setLastFocusGoesBackToTheRecordedRow()
     QCOMPARE(selectedRows(*menu.list), QList<int>({2}));
 }
 
+void TestWidgetList::rowOfAWindowThatIsNotActiveLooksAsWithoutTheFocus()
+{
+    Menu menu(3);
+    menu.show();
+    Menu other(1);
+    other.show();
+    menu.list->hide();
+    menu.list->show();
+    QVERIFY(!menu.item(0)->hasFocus());
+    QCOMPARE(RowParts(*menu.item(0)).title->styleSheet(), s_unfocusedTitle);
+    menu.screen.activateWindow();
+    EVENTUALLY_COMPARE(menu.item(0)->hasFocus(), true);
+    QCOMPARE(RowParts(*menu.item(0)).title->styleSheet(), s_focusedText);
+}
+
+void TestWidgetList::focusThatComesBackGoesStraightToTheRow()
+{
+    Menu menu(3);
+    QWidget other(&menu.screen);
+    menu.show();
+    other.setFocus();
+    const EventRecorder recorder(menu.list);
+    menu.list->setFocusAtItem(1);
+    QCOMPARE(focusedRow(*menu.list), 1);
+    QCOMPARE(recorder.count(QEvent::FocusIn, menu.list), 0);
+}
+
+void TestWidgetList::focusThatComesBackGoesToTheListWhoseTableIsHidden()
+{
+    Menu menu(3);
+    QWidget other(&menu.screen);
+    menu.show();
+    menu.table()->hide();
+    other.setFocus();
+    menu.list->setFocusAtItem(0);
+    QCOMPARE(QApplication::focusWidget(), menu.list.data());
+}
+
+void TestWidgetList::focusStaysOnItsRowWhenAHiddenOneIsSelected()
+{
+    Menu menu(3);
+    menu.show();
+    menu.list->hideItem(1);
+    const EventRecorder recorder(menu.list);
+    menu.list->setFocusAtItem(1);
+    QCOMPARE(selectedRows(*menu.list), QList<int>{1});
+    QCOMPARE(focusedRow(*menu.list), 0);
+    QCOMPARE(recorder.count(QEvent::FocusOut), 0);
+}
+
+void TestWidgetList::rowThatIsDeletedAsItIsSelectedLeavesTheFocusToTheList()
+{
+    Menu menu(3);
+    menu.show();
+    connect(menu.table(), &QTableWidget::currentCellChanged, menu.list, [&menu](int row) { delete menu.item(row); });
+    menu.list->setFocusAtItem(1);
+    QVERIFY(!menu.item(1));
+    QCOMPARE(QApplication::focusWidget(), menu.list.data());
+}
+
 void TestWidgetList::setLastFocusWithoutARowIsRejected()
 {
     WidgetList list(3, nullptr, sound());
@@ -1292,6 +1411,58 @@ void TestWidgetList::hidingARowThatDoesNotExistIsIgnored()
     list.hideItem(2);
     QVERIFY(tableOf(list)->isRowHidden(2));
     QCOMPARE(RecordingPlatform::events().size(), 2);
+}
+
+void TestWidgetList::hiddenRowIsNotRefreshed()
+{
+    Menu menu(12);
+    const QList<int> rows{0, 9};
+    for (int row : rows)
+        menu.list->hideItem(row);
+    menu.list->showItem(9);
+    menu.list->hideItem(9);
+    menu.show();
+    for (int row : rows)
+        QCOMPARE(RowParts(*menu.item(row)).title->text(), QString());
+    for (int row : rows)
+        menu.list->showItem(row);
+    for (int row : rows)
+        QCOMPARE(RowParts(*menu.item(row)).title->text(), QString("row %1").arg(row));
+}
+
+void TestWidgetList::hiddenRowThatComesBackOutOfViewHasTheHeightOfItsRow()
+{
+    Menu menu(12);
+    menu.list->hideItem(9);
+    menu.list->setRowHeight(60);
+    menu.show();
+    menu.list->showItem(9);
+    QCOMPARE(menu.item(9)->size(), QSize(220, 60));
+    QCOMPARE(RowParts(*menu.item(9)).prevArrow->geometry(), QRect(185, 25, 6, 10));
+}
+
+void TestWidgetList::rowThatTheApplicationTookOutIsShownAsItsOwn()
+{
+    Menu menu(3);
+    menu.show();
+    const QScopedPointer<WidgetListItem> item(menu.item(1));
+    item->setParent(nullptr);
+    QVERIFY(item->isHidden());
+    menu.list->showItem(1);
+    QVERIFY(item->isVisible());
+}
+
+void TestWidgetList::firstRowIsRefreshedWithAListThatIsShownAtItsEnd()
+{
+    Menu menu(12);
+    menu.list->hideItem(0);
+    menu.show();
+    menu.list->hide();
+    menu.list->showItem(0);
+    menu.list->setFocusAtItem(11);
+    menu.list->show();
+    QVERIFY(!isInView(*menu.list, 0));
+    QCOMPARE(RowParts(*menu.item(0)).title->text(), QStringLiteral("row 0"));
 }
 
 void TestWidgetList::firstRowThatWasNeverSeenIsAsItIsAtTheNextShow()
@@ -1698,6 +1869,21 @@ void TestWidgetList::longPressIsReportedAtTheEleventhRepeat()
     QCOMPARE(focusedRow(*menu.list), up ? 2 : 1);
 }
 
+void TestWidgetList::pressesThatMoveAreAccepted()
+{
+    // Also by somebody who sends them as ignored.
+    WidgetList list(3, nullptr, sound());
+    addRows(list, 3);
+    for (int key : {int(Qt::Key_2), int(Qt::Key_8)}) {
+        for (bool repeated : {false, true}) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(), repeated);
+            press.ignore();
+            QCoreApplication::sendEvent(&list, &press);
+            QVERIFY(press.isAccepted());
+        }
+    }
+}
+
 void TestWidgetList::longPressClicksWithoutASoundManager()
 {
     WidgetList list(3, nullptr, nullptr);
@@ -1825,26 +2011,38 @@ void TestWidgetList::repeatedReleasesActEachTime()
     QCOMPARE(focusedRow(*menu.list), 3);
 }
 
+void TestWidgetList::flagIsClearedByTheNextPressOrShow_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("otherKey");
+    QTest::addColumn<int>("row");
+    QTest::newRow("up") << int(Qt::Key_2) << int(Qt::Key_8) << 3;
+    QTest::newRow("down") << int(Qt::Key_8) << int(Qt::Key_2) << 1;
+}
+
 void TestWidgetList::flagIsClearedByTheNextPressOrShow()
 {
+    QFETCH(int, key);
+    QFETCH(int, otherKey);
+    QFETCH(int, row);
     Menu menu(4);
     menu.show();
-    QSignalSpy released(menu.list.data(), &WidgetList::upKeyReleased);
-    repeatKey(menu.list, Qt::Key_2, 11);
-    pressKey(menu.list, Qt::Key_8);
-    releaseKey(menu.list, Qt::Key_2);
+    QSignalSpy released(menu.list.data(), key == Qt::Key_2 ? &WidgetList::upKeyReleased : &WidgetList::downKeyReleased);
+    repeatKey(menu.list, key, 11);
+    pressKey(menu.list, otherKey);
+    releaseKey(menu.list, key);
     QCOMPARE(released.count(), 1);
-    pressKey(menu.list, Qt::Key_2);
-    releaseKey(menu.list, Qt::Key_2);
+    pressKey(menu.list, key);
+    releaseKey(menu.list, key);
     QCOMPARE(released.count(), 1);
-    QCOMPARE(focusedRow(*menu.list), 3);
-    repeatKey(menu.list, Qt::Key_2, 11);
+    QCOMPARE(focusedRow(*menu.list), row);
+    repeatKey(menu.list, key, 11);
     menu.list->hide();
     menu.list->show();
     runEventLoop();
-    releaseKey(menu.list, Qt::Key_2);
+    releaseKey(menu.list, key);
     QCOMPARE(released.count(), 1);
-    QCOMPARE(focusedRow(*menu.list), 3);
+    QCOMPARE(focusedRow(*menu.list), row);
 }
 
 void TestWidgetList::emptyListReportsLongPresses()
@@ -1897,6 +2095,29 @@ void TestWidgetList::shortcutEntersItsRowAndClicks()
     QCOMPARE(focusedRow(*menu.list), 0);
     QCOMPARE(selectedRows(*menu.list), QList<int>({0}));
     QCOMPARE(menu.screen.takeKeys(), QStringList());
+}
+
+void TestWidgetList::everyDigitMayBeAShortcut()
+{
+    // But for those that move and choose.
+    const QList<int> keys{Qt::Key_0, Qt::Key_1, Qt::Key_3, Qt::Key_4, Qt::Key_6, Qt::Key_7, Qt::Key_9};
+    Menu menu(0);
+    menu.list->setRowCount(int(keys.size()));
+    QStringList expected;
+    for (int key : keys) {
+        WidgetListItem *item = newRow(QStringLiteral("deep"), 0);
+        item->setMoreDepth(true);
+        item->m_noShortcut = false;
+        menu.list->addListItem(item, key);
+        const QString entered = QString("doEnter of %1").arg(key - Qt::Key_0);
+        connect(item, &WidgetListItem::doEnter, item, [entered] { RecordingPlatform::addEvent(entered); });
+        expected += QStringList{"log:16:[keyReleaseEvent, 398] Shortcut pressed", "log:16:[selectByShortcut, 259]",
+                                entered, s_click};
+    }
+    menu.show();
+    for (int key : keys)
+        releaseKey(menu.list, key);
+    QCOMPARE(RecordingPlatform::events(), expected);
 }
 
 void TestWidgetList::shortcutOfARowThatDoesNotLeadDeeper()
@@ -2231,6 +2452,26 @@ void TestWidgetList::turnsPages()
     QCOMPARE(RecordingPlatform::sounds().size(), keys.size());
 }
 
+void TestWidgetList::pageThatBeginsWithTheFirstRowIsOneOfSeveral()
+{
+    Menu menu(12);
+    menu.list->setNoFocusStyle(3);
+    menu.show();
+    menu.list->setFocusAtItem(5);
+    QCOMPARE(menu.type(Qt::Key_2), 0);
+    menu.list->setFocusAtItem(8);
+    QCOMPARE(menu.type(Qt::Key_2), 5);
+}
+
+void TestWidgetList::firstStepUpIsNotOneOfSeveral()
+{
+    Menu menu(12);
+    menu.list->setNoFocusStyle(3);
+    menu.show();
+    menu.list->setFocusAtItem(8);
+    QCOMPARE(menu.type(Qt::Key_2), 3);
+}
+
 void TestWidgetList::pagesAreScrolledTo()
 {
     Menu menu(10);
@@ -2543,6 +2784,20 @@ void TestWidgetList::rowOutOfViewIsLaidOutForItsRow()
     QCOMPARE(unseen.prevArrow->geometry(), QRect(185, 25, 6, 10));
     menu.list->setFocusAtItem(9);
     QCOMPARE(unseen.prevArrow->geometry(), QRect(185, 25, 6, 10));
+}
+
+void TestWidgetList::rowOutOfViewHasTheHeightThatItsRowGetsInAHiddenList()
+{
+    Menu menu(12);
+    menu.show();
+    menu.list->setFocusAtItem(9);
+    menu.list->setFocusAtItem(0);
+    menu.list->hide();
+    menu.list->setRowHeight(60);
+    menu.list->show();
+    for (int row : {0, 9, 11})
+        QCOMPARE(menu.item(row)->size(), QSize(220, 60));
+    QCOMPARE(RowParts(*menu.item(11)).prevArrow->geometry(), QRect(185, 25, 6, 10));
 }
 
 void TestWidgetList::rowOutOfViewForgetsAtTheShow()

@@ -170,9 +170,13 @@ private slots:
     void weightsDoNotFollowTheFontOfTheApplication();
     void textsArePlain();
     void defaultFontIsThatOfTheApplicationByThen();
+    void defaultFontDoesNotFollowTheFontOfTheRow_data();
     void defaultFontDoesNotFollowTheFontOfTheRow();
+    void defaultFontIsNotLeftToTheApplication();
     void textIsCutOnlyWhenItsRoundedWidthIsGreater_data();
     void textIsCutOnlyWhenItsRoundedWidthIsGreater();
+    void textThatWasNeverMeasuredIsCutAsAnyOther_data();
+    void textThatWasNeverMeasuredIsCutAsAnyOther();
     void longTitleIsCutAtTheRight();
     void fitsInEveryFont_data();
     void fitsInEveryFont();
@@ -957,11 +961,13 @@ void TestWidgetListItem::textIsCutOnlyWhenItsRoundedWidthIsGreater_data()
     QTest::newRow("a sentence") << "Play a sound when a message comes in";
     QTest::newRow("digits") << "2026-03-07 13:05:09";
     QTest::newRow("one letter") << "W";
+    QTest::newRow("a wide letter and a narrow one") << "Wi";
     QTest::newRow("italic looking") << "ffffjjj";
     QTest::newRow("right to left") << QString::fromUtf8("הגדרות מערכת");
     QTest::newRow("combining marks") << QString::fromUtf8("A\u0308o\u0308u\u0308 e\u0301");
     QTest::newRow("blanks at the end") << "Volume    ";
     QTest::newRow("tabs") << "\t\t\t";
+    QTest::newRow("characters beyond 16 bits") << QString::fromUtf8("𝟘𝟙𝟚𝟛");
 }
 
 void TestWidgetListItem::textIsCutOnlyWhenItsRoundedWidthIsGreater()
@@ -985,6 +991,26 @@ void TestWidgetListItem::textIsCutOnlyWhenItsRoundedWidthIsGreater()
         row.updateTitle();
         row.updateValue();
         QCOMPARE(label->text(), fitted(text, label->font(), 0));
+    }
+}
+
+void TestWidgetListItem::textThatWasNeverMeasuredIsCutAsAnyOther_data()
+{
+    textIsCutOnlyWhenItsRoundedWidthIsGreater_data();
+}
+
+void TestWidgetListItem::textThatWasNeverMeasuredIsCutAsAnyOther()
+{
+    QFETCH(QString, text);
+    const WidgetListItem any(nullptr, sound());
+    const int exact = measure(text, RowParts(any).value->font());
+    for (int width = 0; width <= 2 * exact; ++width) {
+        WidgetListItem row(nullptr, sound());
+        row.addValue(text);
+        const RowParts parts(row);
+        parts.value->resize(width, 21);
+        row.updateValue();
+        QCOMPARE(parts.value->text(), fitted(text, parts.value->font(), width));
     }
 }
 
@@ -1099,11 +1125,22 @@ void TestWidgetListItem::defaultFontIsThatOfTheApplicationByThen()
     QCOMPARE(parts.badge->font().family(), QStringLiteral("DejaVu Sans Mono"));
 }
 
+void TestWidgetListItem::defaultFontDoesNotFollowTheFontOfTheRow_data()
+{
+    QTest::addColumn<bool>("refreshed");
+    QTest::newRow("after a refresh") << true;
+    QTest::newRow("before any refresh") << false;
+}
+
 void TestWidgetListItem::defaultFontDoesNotFollowTheFontOfTheRow()
 {
+    QFETCH(bool, refreshed);
     WidgetListItem row(nullptr, sound());
     addTitle(row, QStringLiteral("text"));
-    row.refresh();
+    if (refreshed)
+        row.refresh();
+    else
+        row.setDefaultFont();
     const RowParts parts(row);
     const QFont title = parts.title->font();
     // The same from around it, which is not the same as its own.
@@ -1114,6 +1151,28 @@ void TestWidgetListItem::defaultFontDoesNotFollowTheFontOfTheRow()
     QFont another = title;
     another.setPointSize(8);
     row.setFont(another);
+    QCOMPARE(parts.title->font(), title);
+}
+
+void TestWidgetListItem::defaultFontIsNotLeftToTheApplication()
+{
+    WidgetListItem row(nullptr, sound());
+    addTitle(row, QStringLiteral("text"));
+    row.setDefaultFont();
+    const RowParts parts(row);
+    const QFont font = QApplication::font();
+    const QFont title = parts.title->font();
+    // Its weight only, and all the same.
+    QFont bold;
+    bold.setBold(true);
+    QApplication::setFont(title);
+    runEventLoop();
+    parts.title->setFont(bold);
+    const bool same = parts.title->font() == title;
+    row.setDefaultFont();
+    QApplication::setFont(font);
+    runEventLoop();
+    QVERIFY(same);
     QCOMPARE(parts.title->font(), title);
 }
 

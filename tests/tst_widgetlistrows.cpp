@@ -1364,6 +1364,9 @@ void TestWidgetListRows::partsOfARowAreShownWithEvents()
     row.refresh();
     QCOMPARE(recorder.count(QEvent::ShowToParent, parts.nextArrow), 1);
     QCOMPARE(recorder.count(QEvent::HideToParent, parts.nextArrow), 0);
+    QCOMPARE(recorder.count(QEvent::ShowToParent, parts.title), 1);
+    row.refresh();
+    QCOMPARE(recorder.count(QEvent::ShowToParent), 2);
 }
 
 void TestWidgetListRows::rowAddedIsNotHiddenAnew()

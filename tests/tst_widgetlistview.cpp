@@ -211,6 +211,7 @@ private slots:
 
     // Digits
     void badgeInViewComesFirst();
+    void badgeJustBelowTheViewComesAfterThoseAbove();
     void badgeOutOfViewIsFound();
     void badgeThatLeadsNowhereIsLogged();
     void hiddenRowIsNotSelectedByItsBadge();
@@ -249,6 +250,7 @@ private slots:
     void iconTakesALabelOnlyWhereItMust_data();
     void iconTakesALabelOnlyWhereItMust();
     void iconsTakeOneLabelForAll();
+    void guidesTakeOneLabelForAll();
     void changeOfTheTitleBarPaintsItAlone_data();
     void changeOfTheTitleBarPaintsItAlone();
 };
@@ -592,6 +594,8 @@ void TestWidgetListView::hiddenRowsArePassed()
     menu.list->hideItem(0);
     menu.list->hideItem(0);
     QCOMPARE(menu.type(Qt::Key_8), 3);
+    menu.list->showItem(0);
+    QCOMPARE(menu.list->findNextRow(7), 0);
 }
 
 void TestWidgetListView::rowInFocusStaysInItsPlaceWhenOthersAreHidden()
@@ -1150,6 +1154,22 @@ void TestWidgetListView::badgeInViewComesFirst()
     QVERIFY(!menu.isInView(28) && !menu.isInView(16));
     menu.type(Qt::Key_5);
     QCOMPARE(takeNotes(), QStringList({"doEnter 1", s_click}));
+}
+
+void TestWidgetListView::badgeJustBelowTheViewComesAfterThoseAbove()
+{
+    QList<Row> rows = RowsModel::titled(10);
+    for (int row : {0, 5}) {
+        rows[row].badge = 7;
+        rows[row].moreDepth = true;
+    }
+    RowsModel model(rows);
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->setFocusAtItem(4);
+    QCOMPARE(menu.top(5), 3 * 46);
+    menu.type(Qt::Key_7);
+    QCOMPARE(takeNotes(), QStringList({"doEnter 0", s_click}));
 }
 
 void TestWidgetListView::badgeOutOfViewIsFound()
@@ -1716,6 +1736,16 @@ void TestWidgetListView::iconTakesALabelOnlyWhereItMust()
         QCOMPARE(label->geometry(), QRect(0, 0, 38, 38));
         QCOMPARE(label->styleSheet(), "padding: 3px;" + sheet);
     }
+}
+
+void TestWidgetListView::guidesTakeOneLabelForAll()
+{
+    ViewMenu menu(nullptr);
+    menu.list->addGuide(QStringLiteral("border: none;"), QRect(10, 0, 60, 13));
+    menu.list->addGuide(QStringLiteral("color: red;"), QRect(20, 10, 50, 14));
+    const QList<QLabel *> labels = menu.list->findChildren<QLabel *>();
+    QCOMPARE(labels.size(), 1);
+    QCOMPARE(labels.at(0)->geometry(), QRect(20, 10, 50, 14));
 }
 
 void TestWidgetListView::iconsTakeOneLabelForAll()

@@ -349,6 +349,7 @@ private slots:
     void modelOfBeforeNoLongerMovesTheFocus();
     void rowThatGoesLeavesTheViewWhereItIs();
     void focusThatComesAndGoesIsSeenAtOnce();
+    void noFocusStyleIsSeenAtOnce();
     void manyRowsCostNoMemory();
     void changeOfOneRowAsksForThatRowOnly();
     void formerModelIsNotListenedTo();
@@ -1441,6 +1442,19 @@ void TestWidgetListViewModels::focusThatComesAndGoesIsSeenAtOnce()
     QCOMPARE(onScreen(menu.screen), without);
     menu.list->setFocus();
     QCOMPARE(onScreen(menu.screen), before);
+}
+
+void TestWidgetListViewModels::noFocusStyleIsSeenAtOnce()
+{
+    RowsModel model(RowsModel::titled(5));
+    ViewMenu menu(&model);
+    menu.show();
+    const QImage before = onScreen(menu.screen);
+    menu.list->setNoFocusStyle(3);
+    const QImage seen = onScreen(menu.screen);
+    QVERIFY(seen != before);
+    menu.view()->viewport()->update();
+    QCOMPARE(onScreen(menu.screen), seen);
 }
 
 void TestWidgetListViewModels::asksForRowsInViewOnly()

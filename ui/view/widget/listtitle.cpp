@@ -15,7 +15,7 @@ QPixmap pictureOf(const QString &sheet, const QSize &size)
     const QString prefix = QLatin1String("image: url(");
     const QString suffix = QLatin1String(");");
     const QString path = sheet.mid(prefix.size(), sheet.size() - prefix.size() - suffix.size());
-    const bool alone = sheet.startsWith(prefix) && sheet.endsWith(suffix) && !path.contains(QLatin1Char(')'));
+    const bool alone = sheet.startsWith(prefix) && sheet.endsWith(suffix);
     return alone && path.startsWith(QLatin1String(":/")) ? pictureFor(size, path) : QPixmap();
 }
 
@@ -64,6 +64,8 @@ void ListTitle::addIconStyle(const QString &style)
     if (m_iconPicture.isNull() && !m_icon) {
         m_icon = new QLabel(this);
         m_icon->setGeometry(titleIconRect(m_mirrored));
+        // A guide lies upon it, also one that was there before.
+        m_icon->lower();
         showWithParent(m_icon);
     }
     if (m_icon)
@@ -76,7 +78,6 @@ void ListTitle::addGuide(const QString &style, const QRect &rect)
 {
     if (!m_guide) {
         m_guide = new QLabel(this);
-        m_guide->setAlignment(TitleInfoAlignment);
         // It hides what it stands upon.
         m_guide->setStyleSheet(QLatin1String("background-color: " TITLE_BAR_COLOUR ";"));
     }

@@ -358,8 +358,7 @@ QRect RowView::rectOfPlace(int place) const
 
 void RowView::scrollTo(const QModelIndex &index, ScrollHint)
 {
-    if (!index.isValid() || isRowHidden(index.row()))
-        return;
+    // Where the row is hidden, this is nowhere, and nothing scrolls.
     const QRect rect = visualRect(index);
     const int place = placeOf(index.row());
     if (rect.top() < 0)

@@ -103,7 +103,7 @@ QString FittedText::fit(const QString &text, const QFont &font, int width)
     // Cutting straight away would also cut texts that fit exactly: the toolkit rounds differently there.
     if (fits(text, font, width))
         return text;
-    if (m_cutWidth != width || width < 0) {
+    if (m_cutWidth != width) {
         m_cutText = QFontMetrics(font).elidedText(text, Qt::ElideRight, width);
         m_cutWidth = width;
     }
@@ -141,7 +141,7 @@ void applyStyleSheet(QWidget *widget, const QString &sheet)
         return;
     // Where there are sheets already, its own or of those around it, the toolkit would go on dressing the children of a
     // widget that was not dressed yet as if it had none.
-    if (!widget->children().isEmpty() && (!widget->styleSheet().isEmpty() || widget->style() != QApplication::style()))
+    if (!widget->children().isEmpty() && widget->style() != QApplication::style())
         widget->ensurePolished();
     widget->setStyleSheet(sheet);
 }
@@ -212,7 +212,7 @@ void markShown(QWidget *widget)
 bool holdsFocus(const QWidget *widget)
 {
     const QWidget *focus = widget->window()->focusWidget();
-    return focus && (focus == widget || widget->isAncestorOf(focus));
+    return focus == widget || widget->isAncestorOf(focus);
 }
 
 struct tm localTime()

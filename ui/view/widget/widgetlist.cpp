@@ -261,16 +261,14 @@ void WidgetList::hideEvent(QHideEvent *)
 
 void WidgetList::refreshUnseen(int row)
 {
-    // A row out of view is not shown with the list, or in its old height, but what it displays counts in backup() and
+    // A row that has not been in view yet is not shown with the list, but what it displays counts in backup() and
     // isModified().
     WidgetListItem *item = m_table->listItem(row);
-    if (!item || m_table->isRowHidden(row))
-        return;
-    if (item->m_wasShown && (m_table->isInView(row) || item->height() == m_table->rowHeight(row)))
+    if (!item || item->m_wasShown || m_table->isRowHidden(row))
         return;
     m_table->takeRowSize(row);
     item->refresh();
-    item->m_refreshedUnseen = !item->m_wasShown;
+    item->m_refreshedUnseen = true;
 }
 
 void WidgetList::keyPressEvent(QKeyEvent *event)
@@ -413,7 +411,7 @@ void WidgetList::forgetShortcuts(WidgetListItem *item)
     // The table deletes a row later, but its digit key must be dead at once.
     QMap<int, QPointer<WidgetListItem> >::iterator it = m_shortcuts.begin();
     while (it != m_shortcuts.end()) {
-        if (item && it.value() == item)
+        if (it.value() == item)
             it = m_shortcuts.erase(it);
         else
             ++it;
