@@ -151,6 +151,19 @@ private:
     }
 };
 
+/// Why those whose events it filters got the focus.
+struct FocusReasons : QObject
+{
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusIn)
+            list.append(static_cast<QFocusEvent *>(event)->reason());
+        return false;
+    }
+
+    QList<Qt::FocusReason> list;
+};
+
 /// Adds \a name to the recording platform's list of events each time \a signal of \a sender is emitted.
 #define NOTE_SIGNAL(sender, signal, name) \
     QObject::connect(sender, signal, [] { RecordingPlatform::addEvent(QStringLiteral(name)); })

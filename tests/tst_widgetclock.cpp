@@ -145,6 +145,7 @@ private slots:
     void startsHiddenInAMinuteAlreadyReported();
     void ofTwoClocksOneShowsTheNewMinute();
     void passesEvery100Milliseconds();
+    void oneThreadAfterTheOtherAsksForTheTime();
     void stopReturnsWhenTheThreadHasEnded();
     void stopRightAfterStartReturns();
     void stopOfAClockThatNeverRanDoesNotReturn();
@@ -774,6 +775,30 @@ void TestWidgetClock::passesEvery100Milliseconds()
     QCOMPARE(RecordingPlatform::delays(), QList<unsigned long>() << 100 << 100 << 100);
     clock.stop();
     QCOMPARE(RecordingPlatform::delays().value(3), 10ul);
+}
+
+void TestWidgetClock::oneThreadAfterTheOtherAsksForTheTime()
+{
+    // The record that the platform answers with may be one for all.
+    static std::atomic<int> s_asking(0);
+    static std::atomic<bool> s_several(false);
+    RecordingPlatform::setLocalTimeFunction([](long) {
+        static struct tm now;
+        ++s_asking;
+        for (int i = 0; i < 50 && !s_several; ++i) {
+            s_several = s_several || s_asking > 1;
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        --s_asking;
+        return &now;
+    });
+    ClockScreen first;
+    ClockScreen second;
+    const PassCount passes;
+    const Run<WidgetClock> runOfFirst(first.clock);
+    const Run<WidgetClock> runOfSecond(second.clock);
+    EVENTUALLY(passes.reached(2, 3));
+    QVERIFY(!s_several);
 }
 
 void TestWidgetClock::stopReturnsWhenTheThreadHasEnded()

@@ -154,6 +154,7 @@ private slots:
     void setLastFocusGoesBackToTheRecordedRow();
     void setLastFocusWithoutARowIsRejected();
     void rowOfAWindowThatIsNotActiveLooksAsWithoutTheFocus();
+    void focusComesForTheReasonOther();
     void focusThatComesBackGoesStraightToTheRow();
     void focusThatComesBackGoesToTheListWhoseTableIsHidden();
     void focusStaysOnItsRowWhenAHiddenOneIsSelected();
@@ -1148,6 +1149,28 @@ void TestWidgetList::rowOfAWindowThatIsNotActiveLooksAsWithoutTheFocus()
     menu.screen.activateWindow();
     EVENTUALLY_COMPARE(menu.item(0)->hasFocus(), true);
     QCOMPARE(RowParts(*menu.item(0)).title->styleSheet(), s_focusedText);
+}
+
+void TestWidgetList::focusComesForTheReasonOther()
+{
+    Menu menu(3);
+    QWidget other(&menu.screen);
+    FocusReasons reasons;
+    menu.list->installEventFilter(&reasons);
+    for (int row = 0; row < 3; ++row)
+        menu.item(row)->installEventFilter(&reasons);
+    menu.show();
+    menu.type(Qt::Key_8);
+    menu.list->setFocusAtItem(2);
+    menu.list->hideItem(2);
+    QCOMPARE(QApplication::focusWidget(), menu.list.data());
+    other.setFocus();
+    menu.list->setFocusAtItem(2);
+    QCOMPARE(QApplication::focusWidget(), menu.list.data());
+    menu.list->setFocusAtItem(0);
+    const Qt::FocusReason reason = Qt::OtherFocusReason;
+    reasons.list.removeAll(Qt::ActiveWindowFocusReason);
+    QCOMPARE(reasons.list, QList<Qt::FocusReason>({reason, reason, reason, reason, reason}));
 }
 
 void TestWidgetList::focusThatComesBackGoesStraightToTheRow()

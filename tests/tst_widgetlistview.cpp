@@ -173,6 +173,8 @@ private slots:
 
     // Hidden rows
     void hiddenRowsArePassed();
+    void rowsOfOnePixelAreScrolledInto();
+    void focusComesForTheReasonOther();
     void rowInFocusStaysInItsPlaceWhenOthersAreHidden();
     void rowThatIsShownGetsTheFocusWhereNoneHasIt();
     void rowHiddenWithTheFocusKeepsIt();
@@ -198,6 +200,7 @@ private slots:
     void heldKeyPassesHiddenRows();
     void heldKeyInTheNoFocusStyle();
     void heldKeyStaysWithoutScrollOnHold();
+    void heldKeyStaysWhereAllRowsAreHidden();
     void hideEndsTheScrolling();
 
     // Left and right
@@ -228,6 +231,7 @@ private slots:
     void letterIsSearchedUpToTheFirstRowThatHasIt();
     void keyPressedAgainGoesToTheNextLetter();
     void otherKeysEndPressingAgain();
+    void hideEndsPressingAgain();
     void lettersWithoutTitlesArePassed();
     void letterJump_data();
     void letterJump();
@@ -237,6 +241,7 @@ private slots:
     void badLetterKeysAreLogged();
 
     // Without a model
+    void toolkitWarnsOfNoModel();
     void everythingWorksWithoutAModel_data();
     void everythingWorksWithoutAModel();
 
@@ -596,6 +601,35 @@ void TestWidgetListView::hiddenRowsArePassed()
     QCOMPARE(menu.type(Qt::Key_8), 3);
     menu.list->showItem(0);
     QCOMPARE(menu.list->findNextRow(7), 0);
+}
+
+void TestWidgetListView::rowsOfOnePixelAreScrolledInto()
+{
+    RowsModel model(RowsModel::titled(300));
+    ViewMenu menu(&model);
+    menu.list->setRowHeight(1);
+    menu.show();
+    for (int row : {138, 139, 200, 62, 61}) {
+        menu.list->setFocusAtItem(row);
+        QVERIFY(menu.isInView(row));
+    }
+}
+
+void TestWidgetListView::focusComesForTheReasonOther()
+{
+    RowsModel model(RowsModel::titled(3));
+    ViewMenu menu(&model);
+    QWidget other(&menu.screen);
+    menu.show();
+    FocusReasons reasons;
+    menu.list->installEventFilter(&reasons);
+    other.setFocus();
+    menu.list->setFocusAtItem(1);
+    menu.list->hide();
+    menu.list->setFocusAtItem(2);
+    other.setFocus();
+    menu.list->show();
+    QCOMPARE(reasons.list, QList<Qt::FocusReason>({Qt::OtherFocusReason, Qt::OtherFocusReason}));
 }
 
 void TestWidgetListView::rowInFocusStaysInItsPlaceWhenOthersAreHidden()
@@ -988,6 +1022,19 @@ void TestWidgetListView::heldKeyStaysWithoutScrollOnHold()
     QCOMPARE(menu.type(Qt::Key_8, 100), 0);
 }
 
+void TestWidgetListView::heldKeyStaysWhereAllRowsAreHidden()
+{
+    RowsModel model(RowsModel::titled(5));
+    ViewMenu menu(&model);
+    menu.list->m_scrollOnHold = true;
+    menu.show();
+    menu.list->setFocusAtItem(2);
+    for (int row = 0; row < 5; ++row)
+        menu.list->hideItem(row);
+    for (int key : {Qt::Key_8, Qt::Key_2})
+        QCOMPARE(menu.type(key, 20), 2);
+}
+
 void TestWidgetListView::hideEndsTheScrolling()
 {
     RowsModel model(RowsModel::titled(60));
@@ -1260,6 +1307,9 @@ void TestWidgetListView::badgesThatAreNoDigitSelectNothing()
         menu.type(Qt::Key_0 + digit);
         QCOMPARE(takeNotes(), QStringList{QString("handed on: release %1").arg(digit)});
     }
+    // The key just below the digits.
+    menu.type(Qt::Key_Slash);
+    QCOMPARE(takeNotes(), QStringList("handed on: release /"));
 }
 
 void TestWidgetListView::digitThatIsADirectionSelectsNothing()
@@ -1427,6 +1477,15 @@ void TestWidgetListView::keyPressedAgainGoesToTheNextLetter()
     QCOMPARE(book.type("2222222"), QList<int>({0, 2, 4, 6, 0, 2, 4}));
 }
 
+void TestWidgetListView::hideEndsPressingAgain()
+{
+    PhoneBook book({"Anna", "Carl", "Bea"});
+    QCOMPARE(book.type("22"), QList<int>({1, 0}));
+    book.menu.list->hide();
+    book.menu.list->show();
+    QCOMPARE(book.type("2"), QList<int>{1});
+}
+
 void TestWidgetListView::otherKeysEndPressingAgain()
 {
     PhoneBook book({"Anna", "Axel", "Bea", "Bob", "Carl", "Dora"});
@@ -1534,6 +1593,23 @@ void TestWidgetListView::badLetterKeysAreLogged()
         strike(book.menu.list, key);
         QCOMPARE(book.menu.list->selectedRow(), 0);
     }
+}
+
+void TestWidgetListView::toolkitWarnsOfNoModel()
+{
+    static int s_warnings;
+    s_warnings = 0;
+    const QtMessageHandler handler =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) { ++s_warnings; });
+    {
+        RowsModel model(RowsModel::titled(3));
+        ViewMenu menu(nullptr);
+        menu.list->setModel(&model);
+        menu.list->setModel(nullptr);
+        menu.list->setModel(&model);
+    }
+    qInstallMessageHandler(handler);
+    QCOMPARE(s_warnings, 0);
 }
 
 void TestWidgetListView::everythingWorksWithoutAModel_data()

@@ -334,6 +334,7 @@ private slots:
     // Models that fetch
     void modelsOfTheTestsKeepTheRules();
     void fetchesNearTheEndOnly();
+    void fetchesNothingForAListThatIsNotSeen();
     void fetchesForAnEmptyListAtItsShow();
     void fetchesForSmallerRows();
     void fetchesForARowThatGetsTheFocusBeforeTheShow();
@@ -563,16 +564,21 @@ void TestWidgetListViewModels::fetchMayDeleteTheList_data()
 {
     QTest::addColumn<int>("from");
     QTest::addColumn<int>("to");
-    QTest::newRow("for rows in view soon") << 0 << 9;
-    QTest::newRow("for rows after the last") << 0 << 11;
-    QTest::newRow("at the last, which is in view") << 10 << 11;
-    QTest::newRow("for the first focus") << 11 << -1;
+    QTest::addColumn<int>("key");
+    QTest::newRow("for rows in view soon") << 0 << 9 << 0;
+    QTest::newRow("for rows after the last") << 0 << 11 << 0;
+    QTest::newRow("at the last, which is in view") << 10 << 11 << 0;
+    QTest::newRow("for the first focus") << 11 << -1 << 0;
+    QTest::newRow("down") << 10 << 11 << int(Qt::Key_F2);
+    QTest::newRow("up") << 0 << 11 << int(Qt::Key_F1);
+    QTest::newRow("a letter") << 10 << 11 << int(Qt::Key_7);
 }
 
 void TestWidgetListViewModels::fetchMayDeleteTheList()
 {
     QFETCH(int, from);
     QFETCH(int, to);
+    QFETCH(int, key);
     // Whoever uses it when it is gone finds nothing there.
     class ErasedList : public WidgetListView
     {
@@ -601,8 +607,15 @@ void TestWidgetListViewModels::fetchMayDeleteTheList()
     menu.show();
     menu.list->setFocusAtItem(11);
     menu.list->setFocusAtItem(from);
+    menu.list->m_useFunctionKeys = true;
+    menu.list->m_jumpToLetter = true;
+    menu.list->setKeyLetters(Qt::Key_7, QStringLiteral("pqrs"));
     model.m_list = menu.list;
-    if (to == -1) {
+    takeNotes();
+    if (key != 0) {
+        strike(menu.list, key);
+        QCOMPARE(takeNotes(), QStringList());
+    } else if (to == -1) {
         model.remove(2, 10);
         QMetaObject::invokeMethod(menu.list, "setInitialFocus");
     } else {
@@ -1204,6 +1217,20 @@ void TestWidgetListViewModels::fetchesNearTheEndOnly()
     menu.list->setFocusAtItem(fetched - 1);
     QCOMPARE(model.rowCount(), fetched + 20);
     QCOMPARE(menu.list->selectedRow(), fetched - 1);
+}
+
+void TestWidgetListViewModels::fetchesNothingForAListThatIsNotSeen()
+{
+    LazyModel model(1000, 1);
+    ViewMenu menu(&model);
+    runEventLoop();
+    QCOMPARE(model.m_fetches, 0);
+    model.insert(0, RowsModel::titled(2));
+    menu.list->setRowHeight(23);
+    menu.list->setFocusAtItem(1);
+    menu.list->hideItem(0);
+    runEventLoop();
+    QCOMPARE(model.m_fetches, 0);
 }
 
 void TestWidgetListViewModels::fetchesForAnEmptyListAtItsShow()

@@ -296,6 +296,11 @@ void RowView::currentChanged(const QModelIndex &current, const QModelIndex &prev
     update(current);
 }
 
+void RowView::rowsInserted(const QModelIndex &, int, int)
+{
+    // As in updateGeometries().
+}
+
 void RowView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 {
     // What moves up into the place of the row is nearest, and not what the toolkit makes current.
@@ -379,8 +384,8 @@ void RowView::updateGeometries()
 {
     verticalScrollBar()->setRange(0, qMax(placeCount() - rowsInView(), 0));
     verticalScrollBar()->setPageStep(rowsInView());
+    // The toolkit only has the model fetch rows here, also for a list that nobody sees.
     updateOffset();
-    QAbstractItemView::updateGeometries();
 }
 
 void RowView::updateOffset()
