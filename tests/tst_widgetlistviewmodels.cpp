@@ -579,7 +579,7 @@ void TestWidgetListViewModels::fetchMayDeleteTheList()
     QFETCH(int, from);
     QFETCH(int, to);
     QFETCH(int, key);
-    // Whoever uses it when it is gone finds nothing there.
+    // Whoever uses it when it is gone, crashes.
     class ErasedList : public WidgetListView
     {
     public:
@@ -587,7 +587,7 @@ void TestWidgetListViewModels::fetchMayDeleteTheList()
         static void *operator new(size_t size) { return ::operator new(size); }
         static void operator delete(void *memory)
         {
-            memset(memory, 0, sizeof(ErasedList));
+            memset(memory, 0xA5, sizeof(ErasedList));
             ::operator delete(memory);
         }
     };
