@@ -1307,9 +1307,10 @@ void TestWidgetListView::badgesThatAreNoDigitSelectNothing()
         menu.type(Qt::Key_0 + digit);
         QCOMPARE(takeNotes(), QStringList{QString("handed on: release %1").arg(digit)});
     }
-    // The key just below the digits.
+    // The keys just below and above the digits.
     menu.type(Qt::Key_Slash);
-    QCOMPARE(takeNotes(), QStringList("handed on: release /"));
+    menu.type(Qt::Key_Colon);
+    QCOMPARE(takeNotes(), QStringList({"handed on: release /", "handed on: release :"}));
 }
 
 void TestWidgetListView::digitThatIsADirectionSelectsNothing()

@@ -351,6 +351,7 @@ private slots:
     void rowThatGoesLeavesTheViewWhereItIs();
     void focusThatComesAndGoesIsSeenAtOnce();
     void noFocusStyleIsSeenAtOnce();
+    void rowHeightIsSeenAtOnce();
     void manyRowsCostNoMemory();
     void changeOfOneRowAsksForThatRowOnly();
     void formerModelIsNotListenedTo();
@@ -1482,6 +1483,18 @@ void TestWidgetListViewModels::noFocusStyleIsSeenAtOnce()
     QVERIFY(seen != before);
     menu.view()->viewport()->update();
     QCOMPARE(onScreen(menu.screen), seen);
+}
+
+void TestWidgetListViewModels::rowHeightIsSeenAtOnce()
+{
+    RowsModel model(RowsModel::titled(12));
+    ViewMenu menu(&model);
+    menu.show();
+    for (int height : {30, 69, 46}) {
+        menu.list->setRowHeight(height);
+        QCOMPARE(menu.view()->verticalScrollBar()->maximum(), 12 - 138 / height);
+        QVERIFY(looksFresh(menu, {}, height));
+    }
 }
 
 void TestWidgetListViewModels::asksForRowsInViewOnly()
