@@ -199,6 +199,8 @@ private slots:
     void heldKeyScrollsUpToTheEnds();
     void heldKeyPassesHiddenRows();
     void heldKeyInTheNoFocusStyle();
+    void heldKeyTurnsPagesInTheNoFocusStyle_data();
+    void heldKeyTurnsPagesInTheNoFocusStyle();
     void heldKeyStaysWithoutScrollOnHold();
     void heldKeyStaysWhereAllRowsAreHidden();
     void hideEndsTheScrolling();
@@ -989,6 +991,33 @@ void TestWidgetListView::heldKeyPassesHiddenRows()
     menu.list->hideItem(8);
     menu.type(Qt::Key_2, 12);
     QCOMPARE(menu.list->selectedRow(), 4);
+}
+
+void TestWidgetListView::heldKeyTurnsPagesInTheNoFocusStyle_data()
+{
+    QTest::addColumn<int>("rowsPerPage");
+    for (int rows : {1, 2, 3})
+        QTest::addRow("%d", rows) << rows;
+}
+
+void TestWidgetListView::heldKeyTurnsPagesInTheNoFocusStyle()
+{
+    QFETCH(int, rowsPerPage);
+    RowsModel model(RowsModel::titled(60));
+    ViewMenu held(&model);
+    ViewMenu typed(&model);
+    for (WidgetListView *list : {held.list.data(), typed.list.data()}) {
+        list->setNoFocusStyle(rowsPerPage);
+        list->m_scrollOnHold = true;
+        list->setFocusAtItem(0);
+    }
+    pressKey(held.list, Qt::Key_8);
+    repeatKey(held.list, Qt::Key_8, 11);
+    for (int i = 0; i < 15; ++i) {
+        repeatKey(held.list, Qt::Key_8);
+        releaseKey(typed.list, Qt::Key_8);
+        QCOMPARE(held.list->selectedRow(), typed.list->selectedRow());
+    }
 }
 
 void TestWidgetListView::heldKeyInTheNoFocusStyle()

@@ -404,7 +404,7 @@ void RowView::scrollContentsBy(int, int)
 
 void RowView::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::FontChange) {
+    if (event->type() == QEvent::FontChange) {
         m_delegate->updateFonts();
         updateMarquee();
     }
