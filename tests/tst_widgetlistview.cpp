@@ -1732,6 +1732,7 @@ void TestWidgetListView::rowsAreFoundWhereTheyAre()
     QCOMPARE(view->visualRect(QModelIndex()), QRect());
     QCOMPARE(view->visualRect(indexOf(0)), QRect(0, -2 * 46, 220, 46));
     QCOMPARE(view->visualRect(indexOf(2)), QRect(0, -46, 220, 46));
+    QCOMPARE(view->indexAt(QPoint(10, 10)).column(), 0);
     QCOMPARE(rowAt(-1, 10), -1);
     QCOMPARE(rowAt(10, -1), -1);
     QCOMPARE(rowAt(10, 138), -1);

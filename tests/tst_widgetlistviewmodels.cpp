@@ -335,6 +335,7 @@ private slots:
     void modelsOfTheTestsKeepTheRules();
     void fetchesNearTheEndOnly();
     void fetchesNothingForAListThatIsNotSeen();
+    void fetchesNothingFromAModelThatHasNoMore();
     void fetchesForAnEmptyListAtItsShow();
     void fetchesForSmallerRows();
     void fetchesForARowThatGetsTheFocusBeforeTheShow();
@@ -352,6 +353,8 @@ private slots:
     void focusThatComesAndGoesIsSeenAtOnce();
     void noFocusStyleIsSeenAtOnce();
     void rowHeightIsSeenAtOnce();
+    void rowInFocusThatIsHiddenIsGoneAtOnce();
+    void titleThatScrollsStopsWithTheWindow();
     void manyRowsCostNoMemory();
     void changeOfOneRowAsksForThatRowOnly();
     void formerModelIsNotListenedTo();
@@ -1234,6 +1237,23 @@ void TestWidgetListViewModels::fetchesNothingForAListThatIsNotSeen()
     QCOMPARE(model.m_fetches, 0);
 }
 
+void TestWidgetListViewModels::fetchesNothingFromAModelThatHasNoMore()
+{
+    class CompleteModel : public RowsModel
+    {
+    public:
+        using RowsModel::RowsModel;
+        void fetchMore(const QModelIndex &) override { ++m_fetches; }
+        int m_fetches = 0;
+    } model(RowsModel::titled(3));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->setFocusAtItem(2);
+    model.remove(0, 1);
+    runEventLoop();
+    QCOMPARE(model.m_fetches, 0);
+}
+
 void TestWidgetListViewModels::fetchesForAnEmptyListAtItsShow()
 {
     for (int portion : {1, 2, 5, 30}) {
@@ -1495,6 +1515,27 @@ void TestWidgetListViewModels::rowHeightIsSeenAtOnce()
         QCOMPARE(menu.view()->verticalScrollBar()->maximum(), 12 - 138 / height);
         QVERIFY(looksFresh(menu, {}, height));
     }
+}
+
+void TestWidgetListViewModels::rowInFocusThatIsHiddenIsGoneAtOnce()
+{
+    RowsModel model(RowsModel::titled(3));
+    ViewMenu menu(&model);
+    menu.show();
+    menu.list->setFocusAtItem(1);
+    onScreen(menu.screen);
+    menu.list->hideItem(1);
+    QVERIFY(looksFresh(menu, {1}));
+}
+
+void TestWidgetListViewModels::titleThatScrollsStopsWithTheWindow()
+{
+    RowsModel model(RowsModel::titled(QStringList(s_longTitle)));
+    ViewMenu menu(&model);
+    menu.show();
+    QCOMPARE(turnTitle(menu), 1);
+    menu.screen.hide();
+    QCOMPARE(turnTitle(menu), 0);
 }
 
 void TestWidgetListViewModels::asksForRowsInViewOnly()

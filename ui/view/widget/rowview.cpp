@@ -306,7 +306,6 @@ void RowView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end
     // What moves up into the place of the row is nearest, and not what the toolkit makes current.
     if (!parent.isValid() && m_row >= start && m_row <= end)
         m_row = start;
-    QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
 }
 
 void RowView::takeData(const QModelIndex &topLeft, const QModelIndex &bottomRight)
@@ -334,7 +333,7 @@ void RowView::fetchRowsNear()
     for (;;) {
         const int rows = count();
         // Hidden rows fill no view.
-        const int wanted = qMax(verticalScrollBar()->value(), placeOf(currentIndex().row())) + 2 * rowsInView();
+        const int wanted = placeOf(currentIndex().row()) + 2 * rowsInView();
         if (wanted < placeCount() || !model() || !model()->canFetchMore(QModelIndex()))
             break;
         model()->fetchMore(QModelIndex());
