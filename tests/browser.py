@@ -244,6 +244,17 @@ class Page:
             self.call("Input.dispatchKeyEvent", type="keyDown", text=text, autoRepeat=i > 0, **which)
         self.call("Input.dispatchKeyEvent", type="keyUp", **which)
 
+    def type(self, keys, *arguments):
+        """
+        Presses one key after the other, the next one when the simulator, started with some arguments, shows what the last
+        one did: a key that is pressed in the moment of its release is taken for one that is held.
+        """
+        typed = []
+        for key in keys.split():
+            self.press(key)
+            typed.append(key.lower() if key in ("Down", "Up") else key)
+            self.wait_for_picture(picture_of(*arguments, "--keys", " ".join(typed)))
+
     def click(self, x, y):
         for kind in "mousePressed", "mouseReleased":
             self.call("Input.dispatchMouseEvent", type=kind, x=x, y=y, button="left", clickCount=1)
@@ -319,18 +330,10 @@ def test_arguments_reach_the_simulator():
 
 def test_keys_move_the_focus():
     with Simulation(*fixed_time) as simulation, Browser() as browser:
-        first = picture_of(*fixed_time)
-        moved = picture_of(*fixed_time, "--keys", "8 8 6")
         page = browser.open(simulation.address())
-        page.wait_for_picture(first)
-        expect(page.differences(moved) > 1000, "the focus is there without keys")
-        for key in "8", "8", "6":
-            page.press(key)
-        page.wait_for_picture(moved)
-        page.press("OK")
-        page.wait_for_picture(picture_of(*fixed_time, "--keys", "8 8 6 OK"))
-        page.press("ESC")
-        page.wait_for_picture(picture_of(*fixed_time, "--keys", "8 8 6 OK ESC"))
+        page.wait_for_picture(picture_of(*fixed_time))
+        expect(page.differences(picture_of(*fixed_time, "--keys", "8 8 6")) > 1000, "the focus is there without keys")
+        page.type("8 8 6 OK ESC", *fixed_time)
 
 
 def test_all_keys_arrive():
@@ -364,9 +367,7 @@ def test_keys_are_recorded():
         with Simulation("--record", str(file), *fixed_time) as simulation, Browser() as browser:
             page = browser.open(simulation.address())
             page.wait_for_picture(picture_of(*fixed_time))
-            for key in "8", "8", "6":
-                page.press(key)
-            page.wait_for_picture(picture_of(*fixed_time, "--keys", "8 8 6"))
+            page.type("8 8 6", *fixed_time)
             simulation.signal(signal.SIGINT)
             simulation.status()
         expect(picture_of(*fixed_time, "--keys", f"@{file}") == picture_of(*fixed_time, "--keys", "8 8 6"),
@@ -378,9 +379,7 @@ def test_arrows_move_the_focus():
     with Simulation(*arguments) as simulation, Browser() as browser:
         page = browser.open(simulation.address())
         page.wait_for_picture(picture_of(*arguments))
-        for key in "Down", "Down", "Up":
-            page.press(key)
-        page.wait_for_picture(picture_of(*arguments, "--keys", "down down up"))
+        page.type("Down Down Up", *arguments)
 
 
 def test_key_that_is_held_repeats():
