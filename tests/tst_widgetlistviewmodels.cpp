@@ -48,6 +48,8 @@ bool looksFresh(ViewMenu &menu, const QList<int> &hidden = QList<int>(), int row
     for (int hiddenRow : hidden)
         fresh.list->hideItem(hiddenRow);
     fresh.view()->verticalScrollBar()->setValue(menu.view()->verticalScrollBar()->value());
+    // Whatever the list itself has painted anew so far.
+    fresh.view()->viewport()->update();
     const QImage expected = onScreen(fresh.screen);
     fresh.screen.hide();
     showInFront(menu.screen);
