@@ -10,6 +10,7 @@
 
 #include "platform/soundmanager.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAbstractItemView>
 #include <QPointer>
 #include <QScrollBar>
@@ -99,6 +100,17 @@ inline void strike(QWidget *otherwise, int key, int repeats = 0)
     for (int i = 0; i < repeats; ++i)
         repeatKey(receiver(), key);
     releaseKey(receiver(), key);
+}
+
+/// The timers with which \a object, the view of a list or the title of a row, has a title scroll.
+inline QList<int> scrollTimers(QObject *object)
+{
+    QList<int> timers;
+    for (const auto &timer : QAbstractEventDispatcher::instance()->registeredTimers(object)) {
+        if (timer.interval == 200)
+            timers.append(timer.timerId);
+    }
+    return timers;
 }
 
 /// A screen with a WidgetListView over \a model.

@@ -4,7 +4,6 @@
 #include "displaywork.h"
 #include "listviewtesting.h"
 
-#include <QAbstractEventDispatcher>
 #include <QAbstractItemModelTester>
 #include <QScreen>
 #include <QSet>
@@ -65,15 +64,12 @@ const QString s_longTitle = QStringLiteral("A title that is wider than its row h
 /// Has a title that scrolls go on by one character. Returns how many there are.
 int turnTitle(const ViewMenu &menu)
 {
-    int timers = 0;
-    for (const auto &timer : QAbstractEventDispatcher::instance()->registeredTimers(menu.view())) {
-        if (timer.interval != 200)
-            continue;
-        ++timers;
-        QTimerEvent event(timer.timerId);
+    const QList<int> timers = scrollTimers(menu.view());
+    for (int timer : timers) {
+        QTimerEvent event(timer);
         QCoreApplication::sendEvent(menu.view(), &event);
     }
-    return timers;
+    return int(timers.size());
 }
 
 QList<Row> rowsWithValues(int count, const QString &prefix = QStringLiteral("row"))

@@ -8,7 +8,6 @@
 
 #include "platform/soundmanager.h"
 
-#include <QAbstractEventDispatcher>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QPainter>
@@ -33,16 +32,6 @@ void setUp(List *list)
     list->addGuide(QStringLiteral("color: white;"), QRect(120, 0, 90, 13));
 }
 
-/// The timer with which \a object turns a title; 0 if none runs.
-int turningTimer(QObject *object)
-{
-    for (const auto &timer : QAbstractEventDispatcher::instance()->registeredTimers(object)) {
-        if (timer.interval == 200)
-            return timer.timerId;
-    }
-    return 0;
-}
-
 /// A list of either make, in a window of its own. Its titles turn only when they are told to.
 class Screen : public QObject
 {
@@ -52,7 +41,7 @@ public:
     bool eventFilter(QObject *receiver, QEvent *event) override
     {
         return event->type() == QEvent::Timer && !m_turning
-            && static_cast<QTimerEvent *>(event)->timerId() == turningTimer(receiver);
+            && scrollTimers(receiver).contains(static_cast<QTimerEvent *>(event)->timerId());
     }
 
     void show()
@@ -90,9 +79,11 @@ public:
     void turnTitle()
     {
         QObject *title = scrollingTitle();
-        QTimerEvent turn(turningTimer(title));
         m_turning = true;
-        QCoreApplication::sendEvent(title, &turn);
+        for (int timer : scrollTimers(title)) {
+            QTimerEvent turn(timer);
+            QCoreApplication::sendEvent(title, &turn);
+        }
         m_turning = false;
     }
 

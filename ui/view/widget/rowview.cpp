@@ -298,7 +298,7 @@ void RowView::currentChanged(const QModelIndex &current, const QModelIndex &prev
 
 void RowView::rowsInserted(const QModelIndex &, int, int)
 {
-    // As in updateGeometries().
+    // Nothing: takeRows() does it. The toolkit would have the model fetch rows for a list that nobody sees.
 }
 
 void RowView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
@@ -383,8 +383,8 @@ void RowView::updateGeometries()
 {
     verticalScrollBar()->setRange(0, qMax(placeCount() - rowsInView(), 0));
     verticalScrollBar()->setPageStep(rowsInView());
-    // The toolkit only has the model fetch rows here, also for a list that nobody sees.
     updateOffset();
+    // Nothing of what the toolkit does here: it would have the model fetch rows for a list that nobody sees.
 }
 
 void RowView::updateOffset()
