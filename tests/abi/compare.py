@@ -114,8 +114,11 @@ def main():
     if UNRELEASED not in changes:
         fail('CHANGELOG.md has no "%s"' % UNRELEASED.strip())
     if line not in changes:
+        # As the last one of its list.
+        before, unreleased, after = changes.partition(UNRELEASED)
+        list_of_changes, next_heading, rest = after.partition('\n## ')
         with open(CHANGELOG, 'w') as file:
-            file.write(changes.replace(UNRELEASED + '\n', UNRELEASED + '\n' + line, 1))
+            file.write(before + unreleased + list_of_changes.rstrip('\n') + '\n' + line + next_heading + rest)
     with open(baseline, 'w') as file:
         file.writelines(found)
 
