@@ -336,6 +336,7 @@ private slots:
     void fetchesNothingFromAModelThatHasNoMore();
     void fetchesForAnEmptyListAtItsShow();
     void fetchesForSmallerRows();
+    void fetchesForAListThatIsShownBeforeItIsPainted();
     void fetchesForARowThatGetsTheFocusBeforeTheShow();
     void fetchesWhatComesLater();
     void fetchesOnWhenTooFewComeLater();
@@ -570,7 +571,7 @@ void TestWidgetListViewModels::fetchMayDeleteTheList_data()
     QTest::newRow("for rows in view soon") << 0 << 9 << 0;
     QTest::newRow("for rows after the last") << 0 << 11 << 0;
     QTest::newRow("at the last, which is in view") << 10 << 11 << 0;
-    QTest::newRow("for the first focus") << 11 << -1 << 0;
+    QTest::newRow("at a show") << 11 << -1 << 0;
     QTest::newRow("down") << 10 << 11 << int(Qt::Key_F2);
     QTest::newRow("up") << 0 << 11 << int(Qt::Key_F1);
     QTest::newRow("a letter") << 10 << 11 << int(Qt::Key_7);
@@ -619,7 +620,11 @@ void TestWidgetListViewModels::fetchMayDeleteTheList()
         QCOMPARE(takeNotes(), QStringList());
     } else if (to == -1) {
         model.remove(2, 10);
-        QMetaObject::invokeMethod(menu.list, "setInitialFocus");
+        menu.list->hide();
+        // The toolkit goes on with a list that it shows.
+        menu.list->show();
+        QVERIFY(menu.list);
+        runEventLoop();
     } else {
         menu.list->setFocusAtItem(to);
     }
@@ -1271,6 +1276,41 @@ void TestWidgetListViewModels::fetchesForAnEmptyListAtItsShow()
             menu.list->hideItem(row);
         QCOMPARE(menu.type(Qt::Key_8), 20);
     }
+}
+
+void TestWidgetListViewModels::fetchesForAListThatIsShownBeforeItIsPainted()
+{
+    class PaintWatch : public QObject
+    {
+    public:
+        explicit PaintWatch(const QAbstractItemModel *model) : m_model(model) { }
+
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            if (event->type() == QEvent::Paint)
+                m_rows.append(m_model->rowCount());
+            return false;
+        }
+
+        QList<int> m_rows;
+
+    private:
+        const QAbstractItemModel *m_model;
+    };
+    LazyModel model(1000, 20);
+    ViewMenu menu(&model);
+    menu.list->hide();
+    menu.show();
+    QCOMPARE(model.m_fetches, 0);
+    PaintWatch watch(&model);
+    menu.view()->viewport()->installEventFilter(&watch);
+    // As when one screen takes the place of another, the window is to be painted already.
+    menu.screen.update();
+    menu.list->show();
+    QCOMPARE(model.m_fetches, 0);
+    runEventLoop();
+    QVERIFY(!watch.m_rows.isEmpty());
+    QCOMPARE(watch.m_rows.first(), 20);
 }
 
 void TestWidgetListViewModels::fetchesForARowThatGetsTheFocusBeforeTheShow()

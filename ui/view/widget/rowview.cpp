@@ -146,8 +146,7 @@ void RowView::setFirstRow()
 {
     forgetRow();
     m_row = 0;
-    settle();
-    fetchRowsNear();
+    takeRows();
 }
 
 void RowView::forgetRow()
@@ -270,7 +269,8 @@ void RowView::takeRows()
             m_hiddenRows.removeAt(i);
     }
     settle();
-    // Later, because the model is still telling others of its change.
+    // Later, because the model is still telling others of its change, or the toolkit showing the list, which the model may
+    // delete.
     if (!m_fetching && model() && model()->canFetchMore(QModelIndex()))
         QMetaObject::invokeMethod(this, "fetchRowsNear", Qt::QueuedConnection);
 }

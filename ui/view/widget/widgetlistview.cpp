@@ -150,10 +150,8 @@ void WidgetListView::setKeyLetters(int key, QString letters)
 
 void WidgetListView::setInitialFocus()
 {
-    const QPointer<WidgetListView> list(this);
     m_view->setFirstRow();
-    if (list)
-        setFocus(Qt::OtherFocusReason);
+    setFocus(Qt::OtherFocusReason);
 }
 
 void WidgetListView::setLastFocus()

@@ -63,7 +63,8 @@ struct ModelRow;
 /// The model may change at any time, also in a slot of the list's signals and while a key is held. The row in focus
 /// stays the same as long as its item exists, and where it can it stays in the same place of the screen. Where the item is
 /// gone, or all of them are, as after a reset or with another model, the nearest row has the focus. Rows that a
-/// model fetches (canFetchMore()) are fetched when the focus is within two views of the last row.
+/// model fetches (canFetchMore()) are fetched when the focus is within two views of the last row. A list that is
+/// shown has them fetched in the next turn of the event loop, before it is painted.
 ///
 /// The list takes the focus when it is shown, and itself has it; each show starts on row 0, and hiding the list forgets
 /// the row. The row in focus is drawn darker, and scrolls, only while the list has the focus. The list is made for 220 by
