@@ -249,11 +249,11 @@ class Page:
         Presses one key after the other, the next one when the simulator, started with some arguments, shows what the last
         one did: a key that is pressed in the moment of its release is taken for one that is held.
         """
-        typed = []
+        typed = ""
         for key in keys.split():
             self.press(key)
-            typed.append(key.lower() if key in ("Down", "Up") else key)
-            self.wait_for_picture(picture_of(*arguments, "--keys", " ".join(typed)))
+            typed += key + " "
+            self.wait_for_picture(picture_of(*arguments, "--keys", typed))
 
     def click(self, x, y):
         for kind in "mousePressed", "mouseReleased":
