@@ -127,13 +127,13 @@ protected:
         case 14:
             say("hideItem");
             list->hideItem(row);
-            if (row >= 0 && row < count)
+            if (m_model && row >= 0 && row < count)
                 m_hidden << m_model->index(row, 0);
             return;
         case 15:
             say("showItem");
             list->showItem(row);
-            if (row >= 0 && row < count)
+            if (m_model && row >= 0 && row < count)
                 m_hidden.removeAll(m_model->index(row, 0));
             return;
         case 16:
