@@ -166,7 +166,8 @@ void Target::ensureWidget()
 {
     if (!m_meddler)
         m_meddler = new Meddler([this] { meddle(); });
-    if (!m_screen) {
+    // Again where a slot deletes it at once.
+    while (!m_screen) {
         m_screen = new QWidget;
         m_screen->setObjectName(QLatin1String("screen"));
         m_screen->resize(220, 176);
@@ -206,12 +207,13 @@ void Target::step()
 
 void Target::showInFront(QWidget *window)
 {
+    const QPointer<QWidget> shown(window);
     window->show();
     window->activateWindow();
     m_time.settle();
     // The offscreen platform does not give a window back what it had when it was hidden.
-    if (!window->isActiveWindow())
-        QApplication::setActiveWindow(window);
+    if (shown && !shown->isActiveWindow())
+        QApplication::setActiveWindow(shown);
 }
 
 int Target::key()
