@@ -12,9 +12,18 @@
 /// The milliseconds that a test waits for what comes by itself. A machine with other things to do is slow, not wrong.
 const int LongestWait = 120000;
 
-/// QTRY_VERIFY and QTRY_COMPARE for what has to come at some time.
-#define EVENTUALLY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, LongestWait)
-#define EVENTUALLY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, LongestWait)
+/// QVERIFY and QCOMPARE for what has to come at some time. QTRY_VERIFY and QTRY_COMPARE go on for twice the time when it is
+/// over, to tell by how much it was too short: then nobody would hear of a failure before the whole test is killed.
+#define EVENTUALLY(condition) \
+    do { \
+        static_cast<void>(QTest::qWaitFor([&] { return bool(condition); }, LongestWait)); \
+        QVERIFY(condition); \
+    } while (false)
+#define EVENTUALLY_COMPARE(actual, expected) \
+    do { \
+        static_cast<void>(QTest::qWaitFor([&] { return (actual) == (expected); }, LongestWait)); \
+        QCOMPARE(actual, expected); \
+    } while (false)
 
 /// Lets \a ms pass and with them every timer that goes off by then. QTest::qWait() may return before the timers have
 /// had their turn.
