@@ -246,9 +246,14 @@ extern "C" __attribute__((visibility("default"))) int stat(const char *path, str
 {
     const int answer = fstatat(AT_FDCWD, path, status, 0);
     const std::string device = answer == 0 ? deviceAt(path) : std::string();
-    const std::string number = device.empty() ? std::string() : state(device, "number ");
+    if (device.empty())
+        return answer;
+    const std::string number = state(device, "number ");
     if (!number.empty())
         status->st_rdev = makedev(InputMajor, unsigned(std::stoi(number)));
+    const std::string node = state(device, "inode ");
+    if (!node.empty())
+        status->st_ino = ino_t(std::stoi(node));
     return answer;
 }
 #endif

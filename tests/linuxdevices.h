@@ -28,7 +28,7 @@
 ///                that is locked (flock) is open elsewhere, which is a request "rtc taken". A state "taken" says how many
 ///                openings find it so anyhow, a state "interrupt" has the first reading fail for a signal
 ///     event*     state "keys 2 28" has these codes, "held 28" the ones that are held, "name x", "refuse" cannot be grabbed,
-///                "number 64" has that number as the kernel's devices have one
+///                "number 64" has that number as the kernel's devices have one, and "inode 7" a node that is that file
 ///
 /// There is no syslog but the one that a test makes. The system time is never set: that is a request "clock_settime
 /// <seconds>", refused where there is a state "clock".

@@ -162,6 +162,7 @@ private slots:
     void twoKeysOfATableThatAreTheSameAreOneKey();
     void keyHeldBeforeItsDeviceIsReadWaitsForItsNextPress();
     void deviceWithoutAKeyOfTheTableIsLeftAlone();
+    void keypadThatTakesTheNumberOfAnotherDeviceIsRead_data();
     void keypadThatTakesTheNumberOfAnotherDeviceIsRead();
 
     void unpluggedDeviceLetsGoOfItsKeys();
@@ -474,15 +475,25 @@ void TestLinuxKeys::deviceWithoutAKeyOfTheTableIsLeftAlone()
     QCOMPARE(screen.keys.devices(), QStringList(devices->path("event0")));
 }
 
+void TestLinuxKeys::keypadThatTakesTheNumberOfAnotherDeviceIsRead_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    QTest::newRow("with a node that is another file") << QByteArray("inode 7\n") << QByteArray("inode 8\n");
+    QTest::newRow("with a node that is the same file") << QByteArray("inode 7\n") << QByteArray("inode 7\n");
+}
+
 void TestLinuxKeys::keypadThatTakesTheNumberOfAnotherDeviceIsRead()
 {
-    QScopedPointer<InputDevice> device(new InputDevice(*devices, "event1", "number 65\nkeys 272 273\n"));
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    QScopedPointer<InputDevice> device(new InputDevice(*devices, "event1", "number 65\nkeys 272 273\n" + before));
     if (!hasNumber("event1"))
         QSKIP("This system's library does not let a test give a FIFO a number");
     Screen screen;
     QCOMPARE(screen.keys.devices(), QStringList(devices->path("event0")));
     device.reset();
-    device.reset(new InputDevice(*devices, "event1", "number 65\nkeys 3\n"));
+    device.reset(new InputDevice(*devices, "event1", "number 65\nkeys 3\n" + after));
     EVENTUALLY_COMPARE(screen.keys.devices(), (QStringList{devices->path("event0"), devices->path("event1")}));
     device->press(KEY_2);
     EVENTUALLY_COMPARE(screen.window.keys, QStringList("press 2"));

@@ -92,6 +92,12 @@ std::string directoryOf(const std::string &path)
     return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
+// As a pattern in \a directory finds \a name.
+std::string pathIn(const std::string &directory, const std::string &name)
+{
+    return directory == "." ? name : directory + name;
+}
+
 struct Device
 {
     std::string path;
@@ -134,9 +140,11 @@ public:
 private:
     void watchDirectories();
     void readDirectoryEvents();
+    void noteNodeChange(const inotify_event &event);
     void lookForDevices(Occasion occasion);
     void openDevice(const std::string &path, const Identity &identity, Occasion occasion);
     bool isOpen(const Identity &identity) const;
+    bool isIgnored(const Identity &identity) const;
     bool hasKeyOfTable(const KeyDevice &device) const;
     void report(const std::string &path, const std::string &text, Occasion occasion);
 
@@ -153,7 +161,7 @@ private:
     const KeyTable m_table;
     Paths m_patterns;
     std::vector<Device *> m_devices;
-    std::vector<Identity> m_ignored;            // without a key of the table; another one may get the same number
+    std::map<std::string, Identity> m_ignored;  // without a key of the table, by path
     std::map<std::string, Problem> m_problems;  // the last one of each path
 
     int m_inotify;
@@ -295,18 +303,28 @@ void Board::Keys::Reader::readDirectoryEvents()
         for (ssize_t at = 0; at < length;) {
             const void *const bytes = buffer.bytes + at;  // aligned, as names are filled up
             const inotify_event *event = static_cast<const inotify_event *>(bytes);
-            if (event->mask & IN_IGNORED) {
-                std::map<std::string, int>::iterator it;
-                for (it = m_watches.begin(); it != m_watches.end(); ++it) {
-                    if (it->second == event->wd)
-                        it->second = -1;
-                }
-            }
+            noteNodeChange(*event);
             at += ssize_t(sizeof(inotify_event) + event->len);
         }
     }
     if (changed)
         lookForDevices(Change);
+}
+
+void Board::Keys::Reader::noteNodeChange(const inotify_event &event)
+{
+    // What was ignored at a path is not what is there now, even if it has the same number and is the same file.
+    if (event.mask & IN_Q_OVERFLOW)
+        m_ignored.clear();
+    std::map<std::string, int>::iterator it;
+    for (it = m_watches.begin(); it != m_watches.end(); ++it) {
+        if (it->second != event.wd)
+            continue;
+        if (event.mask & IN_IGNORED)
+            it->second = -1;
+        else if (event.len > 0 && !(event.mask & IN_ATTRIB))
+            m_ignored.erase(pathIn(it->first, event.name));
+    }
 }
 
 void Board::Keys::Reader::lookForDevices(Occasion occasion)
@@ -320,13 +338,16 @@ void Board::Keys::Reader::lookForDevices(Occasion occasion)
         if (!identify(paths[i], &identity))
             continue;
         seen.push_back(identity);
-        if (!isOpen(identity) && !hasNode(m_ignored, identity))
+        if (!isOpen(identity) && !isIgnored(identity))
             openDevice(paths[i], identity, occasion);
     }
 
-    for (std::size_t i = m_ignored.size(); i-- > 0;) {
-        if (!hasNode(seen, m_ignored[i]))
-            m_ignored.erase(m_ignored.begin() + std::ptrdiff_t(i));
+    std::map<std::string, Identity>::iterator ignored = m_ignored.begin();
+    while (ignored != m_ignored.end()) {
+        if (!hasNode(seen, ignored->second))
+            m_ignored.erase(ignored++);
+        else
+            ++ignored;
     }
     std::map<std::string, Problem>::iterator it = m_problems.begin();
     while (it != m_problems.end()) {
@@ -359,7 +380,7 @@ void Board::Keys::Reader::openDevice(const std::string &path, const Identity &id
     }
     m_problems.erase(path);
     if (!hasKeyOfTable(device->reader)) {
-        m_ignored.push_back(identity);
+        m_ignored[path] = identity;
         delete device;
         return;
     }
@@ -375,6 +396,16 @@ bool Board::Keys::Reader::isOpen(const Identity &identity) const
 {
     for (std::size_t i = 0; i < m_devices.size(); ++i) {
         if (isSameDevice(m_devices[i]->identity, identity))
+            return true;
+    }
+    return false;
+}
+
+bool Board::Keys::Reader::isIgnored(const Identity &identity) const
+{
+    std::map<std::string, Identity>::const_iterator it;
+    for (it = m_ignored.begin(); it != m_ignored.end(); ++it) {
+        if (isSameNode(it->second, identity))
             return true;
     }
     return false;
