@@ -75,7 +75,7 @@ def answers(address, port):
 class Simulation:
     """./simulate --browser, with a directory for its temporary files, and a mark that all its processes have."""
 
-    def __init__(self, *arguments, port=None, user=()):
+    def __init__(self, *arguments, port=None, user=(), commands=None):
         self.port = port or free_port()
         self.mark = f"WIDGET_TEST={uuid.uuid4()}"
         self.directory = pathlib.Path(tempfile.mkdtemp())
@@ -84,6 +84,8 @@ class Simulation:
         environment = {name: value for name, value in os.environ.items()
                        if "DISPLAY" not in name and not name.startswith("XDG_")}
         environment.update([self.mark.split("=")], TMPDIR=str(self.directory), LC_ALL="C.UTF-8")
+        if commands:
+            environment["PATH"] = f"{commands}:{environment['PATH']}"
         self.process = subprocess.Popen([*user, root / "simulate", "--browser", str(self.port), *arguments],
                                         stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                                         text=True, env=environment, start_new_session=True,
@@ -604,7 +606,23 @@ def expect_end_with(name, message):
 
 
 def test_nothing_runs_on_without_the_script():
-    with Simulation() as simulation:
+    expect_end_without_the_script(Simulation())
+
+
+def test_nothing_runs_on_without_the_script_if_the_page_server_misses_a_signal():
+    # As it may while it takes a connection.
+    with tempfile.TemporaryDirectory() as commands:
+        server = pathlib.Path(commands, "websockify")
+        server.write_text("#!/usr/bin/python3\n"
+                          "import os, signal, sys\n"
+                          "signal.pthread_sigmask(signal.SIG_BLOCK, [signal.SIGHUP, signal.SIGINT, signal.SIGTERM])\n"
+                          f"os.execv({shutil.which('websockify')!r}, sys.argv)\n")
+        server.chmod(0o755)
+        expect_end_without_the_script(Simulation(commands=commands))
+
+
+def expect_end_without_the_script(started):
+    with started as simulation:
         simulation.address()
         files = simulation.files_of_display()
         simulation.process.kill()

@@ -101,7 +101,7 @@ serve_in_browser()
         || return
     [ $browser_has_tools = yes ] || size=$(size_of "$place/window.png")
     start_display "$size" || return
-    start env -u WAYLAND_DISPLAY DISPLAY="$display" XAUTHORITY="$place/authority" QT_QPA_PLATFORM=xcb \
+    start TERM env -u WAYLAND_DISPLAY DISPLAY="$display" XAUTHORITY="$place/authority" QT_QPA_PLATFORM=xcb \
         "$simulator" "$@"
     shown=$!
     start_page_server || return
@@ -146,7 +146,7 @@ start_display()
     # any display.
     { printf '\377\377\0\0\0\0\0\022MIT-MAGIC-COOKIE-1\0\020' && head -c 16 /dev/urandom; } > "$place/authority"
 
-    start Xtigervnc -displayfd 3 -geometry "$1" -depth 24 -auth "$place/authority" -nolisten tcp \
+    start TERM Xtigervnc -displayfd 3 -geometry "$1" -depth 24 -auth "$place/authority" -nolisten tcp \
         -rfbport -1 -rfbunixpath "$place/vnc" -rfbunixmode 0600 -SecurityTypes VncAuth -PasswordFile "$place/password" \
         3> "$place/display.number" > "$place/display.log" 2>&1
     display_server=$!
@@ -162,7 +162,9 @@ start_page_server()
     mkdir "$place/page"
     ln -s "$root/simulator/browser/index.html" "$root/simulator/resources/device.png" \
         /usr/share/novnc/core /usr/share/novnc/vendor "$place/page"
-    start websockify --web "$place/page" --unix-target "$place/vnc" "127.0.0.1:$browser_port" > "$place/page.log" 2>&1
+    # It may miss any other signal while it takes a connection.
+    start KILL websockify --web "$place/page" --unix-target "$place/vnc" "127.0.0.1:$browser_port" \
+        > "$place/page.log" 2>&1
     page_server=$!
     until (: 3<> "/dev/tcp/127.0.0.1/$browser_port") 2> /dev/null; do
         is_running "$page_server" || ended_too_soon "the page's server" page
@@ -170,12 +172,12 @@ start_page_server()
     done
 }
 
-# Starts a command that is there as long as this script is, also when it is killed. In a group of its own it gets no
-# Ctrl-C: clean_up has an order.
+# start <signal> <command>...: starts a command that is there as long as this script is; if that is killed, the signal
+# ends it. In a group of its own it gets no Ctrl-C: clean_up has an order.
 start()
 {
     set -m
-    setpriv --pdeathsig TERM "$@" < /dev/null &
+    setpriv --pdeathsig "$@" < /dev/null &
     set +m
     servants=($! "${servants[@]}")
 }
