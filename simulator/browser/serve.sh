@@ -162,7 +162,7 @@ start_page_server()
     mkdir "$place/page"
     ln -s "$root/simulator/browser/index.html" "$root/simulator/resources/device.png" \
         /usr/share/novnc/core /usr/share/novnc/vendor "$place/page"
-    # It may miss any other signal while it takes a connection.
+    # It may lose a signal that asks it to end while it takes a connection. SIGKILL does not ask.
     start KILL websockify --web "$place/page" --unix-target "$place/vnc" "127.0.0.1:$browser_port" \
         > "$place/page.log" 2>&1
     page_server=$!
